@@ -1,0 +1,52 @@
+# Shared CMake helpers.
+
+include(GNUInstallDirs)
+
+# Adds a folder only once it has a CMakeLists.txt, so a tree that is still
+# growing configures cleanly.
+function(quorix_add_subdirectory dir)
+  if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${dir}/CMakeLists.txt")
+    add_subdirectory(${dir})
+  endif()
+endfunction()
+
+# A shared platform library: lands in lib/, installs to lib/.
+function(quorix_add_platform_library target)
+  add_library(${target} SHARED ${ARGN})
+  set_target_properties(${target} PROPERTIES
+    LIBRARY_OUTPUT_DIRECTORY "${QUORIX_LIB_DIR}"
+    INSTALL_RPATH "$ORIGIN")
+  target_include_directories(${target} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+  install(TARGETS ${target} LIBRARY DESTINATION lib)
+endfunction()
+
+# A Qt plugin module: lands in lib/plugins-gui/ and finds the platform
+# libraries one folder up.
+function(quorix_add_gui_plugin target)
+  add_library(${target} MODULE ${ARGN})
+  set_target_properties(${target} PROPERTIES
+    PREFIX "lib"
+    LIBRARY_OUTPUT_DIRECTORY "${QUORIX_PLUGIN_DIR}"
+    BUILD_RPATH "$ORIGIN/.."
+    INSTALL_RPATH "$ORIGIN/..")
+  install(TARGETS ${target} LIBRARY DESTINATION lib/plugins-gui)
+endfunction()
+
+# A QtTest program run through CTest, headless.
+#   quorix_add_qtest(NAME name SOURCES a.cpp ... LIBS lib ... [LABELS l ...])
+function(quorix_add_qtest)
+  cmake_parse_arguments(T "" "NAME;TIMEOUT" "SOURCES;LIBS;LABELS" ${ARGN})
+  add_executable(${T_NAME} ${T_SOURCES})
+  set_target_properties(${T_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+  target_link_libraries(${T_NAME} PRIVATE Qt5::Test ${T_LIBS})
+  add_test(NAME ${T_NAME} COMMAND ${T_NAME})
+  if(NOT T_TIMEOUT)
+    set(T_TIMEOUT 120)
+  endif()
+  set_tests_properties(${T_NAME} PROPERTIES
+    TIMEOUT ${T_TIMEOUT}
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QUORIX_LOG_LEVEL=1;QUORIX_ROOT=${CMAKE_BINARY_DIR};QUORIX_SOURCE_DIR=${CMAKE_SOURCE_DIR};QUORIX_TESTDATA=${CMAKE_SOURCE_DIR}/../shared/testdata")
+  if(T_LABELS)
+    set_tests_properties(${T_NAME} PROPERTIES LABELS "${T_LABELS}")
+  endif()
+endfunction()
