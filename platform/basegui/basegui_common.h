@@ -1,0 +1,26 @@
+#pragma once
+
+#include "basegui_global.h"
+
+#include <QPoint>
+#include <QString>
+
+class QGridLayout;
+class QLayout;
+class QWidget;
+
+namespace basegui {
+
+class BASEGUI_EXPORT Common
+{
+public:
+    // Contents of a style-sheet file or resource; "" (logged) if unreadable.
+    static QString readQssFile(QString const& path);
+    // Takes every item out of `layout`; widgets are deleted only with deleteWidgets.
+    static void clearLayout(QLayout* layout, bool deleteWidgets);
+    static void clearGridLayout(QGridLayout* layout);
+    // Centres `w` on `parent` (on the screen for a null parent), moved by `offset`.
+    static void setWidgetMidPos(QWidget* w, QWidget* parent, QPoint const& offset);
+};
+
+} // namespace basegui

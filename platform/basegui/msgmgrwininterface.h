@@ -1,0 +1,47 @@
+#pragma once
+
+#include "basegui_global.h"
+
+#include <QMetaType>
+#include <QString>
+#include <QWidget>
+
+// Base of the pop-up windows the message manager stacks. Each has an id; the
+// message manager switches it between the stand-alone and the compact look.
+class BASEGUI_EXPORT MsgMgrWinInterface : public QWidget
+{
+    Q_OBJECT
+public:
+    enum eUIType { EUITYPE_ALONE = 0, EUITYPE_COMPACT = 1 };
+    Q_ENUM(eUIType)
+
+    MsgMgrWinInterface(QWidget* parent, QString const& id);
+    ~MsgMgrWinInterface() override;
+
+    QString id() const;
+    virtual int changUIType(eUIType type);
+    eUIType uiType() const;
+
+signals:
+    // Emitted once, just before the window closes.
+    void sig_preClose(QString id);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QString m_id;
+    eUIType m_uiType = EUITYPE_ALONE;
+    bool m_preCloseSent = false;
+};
+
+// What the message manager is given with each window.
+struct sMsgMgrWinInfo
+{
+    QString winId;
+    int priority = 10;
+    QString ownerPluginId;
+    int flag = 0;
+    MsgMgrWinInterface* window = nullptr;
+};
+Q_DECLARE_METATYPE(sMsgMgrWinInfo)
