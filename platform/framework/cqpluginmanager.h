@@ -64,10 +64,20 @@ private:
         QPointer<CQBasePlugin> plugin;
         QPluginLoader* loader = nullptr;
     };
-    void connectPlugin(CQBasePlugin* plugin);
+    bool registerPlugin(CQBasePlugin* plugin, QString const& id, QPluginLoader* loader);
+    void connectPlugin(CQBasePlugin* plugin, QString const& id);
+    void slot_pluginDestroyed(QString const& id);
     void announce(QString const& cmd, QString const& id);
     void deliver(QString const& target, QString const& cmd, QVariant const& para);
+    void execOn(CQBasePlugin* plugin, QString const& cmd, QVariant const& para);
+    int indexOf(QString const& id) const;
+    // Guards of the plugins in load order, taken before a delivery loop so that a
+    // plugin deleted by another one's execCmd is skipped instead of touched.
+    QVector<QPointer<CQBasePlugin>> snapshot() const;
 
     QVector<Entry> m_entries;
     QPointer<QObject> m_host;
+    // > 0 while an execCmd is running: a plugin unloaded from inside a command is
+    // then deleted later, since its own code may still be on the stack.
+    int m_deliveryDepth = 0;
 };

@@ -17,6 +17,8 @@ class FRAMEWORK_EXPORT FrameLinkProxy : public QObject
 public:
     static FrameLinkProxy* singleInstance();
     static void UninitInstance(bool now);
+    // The proxy if it exists, without creating one (for code running at teardown).
+    static FrameLinkProxy* existingInstance();
 
     bool mount(QString const& name, FrameLinkProxyInterface* iface);   // false if name taken or null
     bool unmount(QString const& name);
@@ -33,5 +35,7 @@ signals:
 
 private:
     explicit FrameLinkProxy(QObject* parent = nullptr);
+    ~FrameLinkProxy() override;
+    bool isMounted(FrameLinkProxyInterface* iface) const;
     QVector<QPair<QString, FrameLinkProxyInterface*>> m_mounts;
 };
