@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QVector>
 
 // The backend's base data and events for the GUI. Signals are emitted on the
 // bridge's thread and reach the GUI queued.
@@ -31,10 +32,12 @@ public:
     // The tray menu is about to be shown.
     virtual int notifyTrayMenuShow();
 
-    // "10.0.0.7550" -> "10", "0", "0.7550" style split of a client version
-    // (first = major.minor family, second, third = build); empty parts for junk.
+    // "10.0.2.7550" -> first "10.0" (major.minor), second "2", third "7550"
+    // (build); shorter versions leave the missing parts empty, junk (anything
+    // but up to four dot-separated numbers, an optional leading "V") gives three
+    // empty parts.
     virtual void myVersion2QuorixVersion(QString const& version, QString& first, QString& second, QString& third);
-    // Display text of a split version, e.g. "V10.0 (build 7550)".
+    // Display text of a split version, e.g. "V10.0.2 (build 7550)"; "" without a first part.
     virtual QString quorixVersionDisplayText(QString const& first, QString const& second, QString const& third);
 
 signals:
@@ -57,4 +60,11 @@ signals:
 protected:
     explicit BasePluginModelDataInterface(QObject* parent = nullptr);
     ~BasePluginModelDataInterface() override;
+
+private:
+    // Forwards the backend's own events (notices, pop-ups, quit...) queued.
+    void bindBackend();
+    void emitBaseData(bool withDays);
+
+    QVector<QMetaObject::Connection> m_backendLinks;
 };

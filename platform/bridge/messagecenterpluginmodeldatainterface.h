@@ -3,6 +3,7 @@
 #include "bridge_global.h"
 
 #include <QObject>
+#include <QVector>
 
 // The message centre's counters.
 class BRIDGE_EXPORT MessageCenterPluginModelDataInterface : public QObject
@@ -21,4 +22,9 @@ signals:
 protected:
     explicit MessageCenterPluginModelDataInterface(QObject* parent = nullptr);
     ~MessageCenterPluginModelDataInterface() override;
+
+private:
+    void bindBackend();
+
+    QVector<QMetaObject::Connection> m_backendLinks;
 };

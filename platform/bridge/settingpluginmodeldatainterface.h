@@ -4,6 +4,7 @@
 #include "bridgerecords.h"
 
 #include <QObject>
+#include <QVector>
 #include <QString>
 #include <QVariant>
 
@@ -28,4 +29,9 @@ signals:
 protected:
     explicit SettingPluginModelDataInterface(QObject* parent = nullptr);
     ~SettingPluginModelDataInterface() override;
+
+private:
+    void bindBackend();
+
+    QVector<QMetaObject::Connection> m_backendLinks;
 };

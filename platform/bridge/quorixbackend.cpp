@@ -1,0 +1,8 @@
+#include "quorixbackend.h"
+
+QuorixBackend::QuorixBackend(QObject* parent)
+    : QObject(parent)
+{
+}
+
+QuorixBackend::~QuorixBackend() = default;
