@@ -35,5 +35,8 @@ protected:
     virtual void resetUI();
 
 private:
+    void slot_itemDestroyed(QObject* object);
+    void detach(QWidget* w);
+
     QMap<int, QPointer<QWidget>> m_items;
 };

@@ -19,17 +19,25 @@ public:
     ~MsgMgrWinInterface() override;
 
     QString id() const;
+    // Records the look; subclasses restyle and call the base. Returns 0.
     virtual int changUIType(eUIType type);
     eUIType uiType() const;
 
+    // Registers sMsgMgrWinInfo with the meta-type system under "sMsgMgrWinInfo"
+    // (idempotent); returns its type id.
+    static int registerMetaType();
+
 signals:
-    // Emitted once, just before the window closes.
+    // Emitted once, just before the window closes (or, for a window deleted
+    // without being closed, from its destructor).
     void sig_preClose(QString id);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void sendPreClose();
+
     QString m_id;
     eUIType m_uiType = EUITYPE_ALONE;
     bool m_preCloseSent = false;

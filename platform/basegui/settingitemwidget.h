@@ -35,9 +35,12 @@ public:
     // The record the rows fill on save (e.g. a QVariant holding a settings struct).
     void setPageData(QVariant const& data);
     QVariant pageData() const;
-    // A page-specific integer (layout hint of the page; 200 for the general page).
+    // A page-specific layout hint: the minimum height of the rows column, so a
+    // short page keeps its rows at the top and the save button at the bottom
+    // (200 for the general page).
     void setIntProperty(int value);
     int intProperty() const;
+    // The save button ("保存", a CQButton).
     QPushButton* saveButton() const;
 
 public slots:

@@ -1,0 +1,55 @@
+#include "msgmgrwininterface.h"
+
+#include "clogdebug.h"
+
+#include <QCloseEvent>
+
+MsgMgrWinInterface::MsgMgrWinInterface(QWidget* parent, QString const& id)
+    : QWidget(parent)
+    , m_id(id)
+{
+}
+
+// Whoever tracks the window by id must hear about it even when it is deleted
+// without a close (deleteLater by an owner, parent teardown).
+MsgMgrWinInterface::~MsgMgrWinInterface()
+{
+    sendPreClose();
+}
+
+QString MsgMgrWinInterface::id() const
+{
+    return m_id;
+}
+
+int MsgMgrWinInterface::changUIType(eUIType type)
+{
+    m_uiType = type;
+    return 0;
+}
+
+MsgMgrWinInterface::eUIType MsgMgrWinInterface::uiType() const
+{
+    return m_uiType;
+}
+
+int MsgMgrWinInterface::registerMetaType()
+{
+    return qRegisterMetaType<sMsgMgrWinInfo>("sMsgMgrWinInfo");
+}
+
+void MsgMgrWinInterface::closeEvent(QCloseEvent* event)
+{
+    QWidget::closeEvent(event);
+    if (event->isAccepted())
+        sendPreClose();
+}
+
+void MsgMgrWinInterface::sendPreClose()
+{
+    if (m_preCloseSent)
+        return;
+    m_preCloseSent = true;
+    BFLOG(1, "platform/basegui/msgmgrwininterface", "[MsgMgrWinInterface] pre close [%s]", qUtf8Printable(m_id));
+    emit sig_preClose(m_id);
+}
