@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+class QPainter;
+
 // Title-bar counter of the days under cloud-brain protection; a negative
 // count shows as "--".
 class BASEGUI_EXPORT CQCloudBrainLabel : public QWidget
@@ -16,6 +18,18 @@ public:
     int days() const;
     QString displayText() const;
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 public slots:
     void slot_updateDays(int days);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString countText() const;
+    static void paintCloud(QPainter& painter, QRectF const& box);
+
+    int m_days = -1;
 };

@@ -19,6 +19,8 @@ struct CQTaskInfo
 };
 
 // Process-wide registry of running tasks, keyed by name; thread-safe.
+// Workers register while they run and remove themselves when done; the quit
+// flow reads a snapshot, so no lock is held while a task's action runs.
 class BASEGUI_EXPORT CQGTaskMutexMap
 {
 public:
@@ -29,6 +31,8 @@ public:
     bool removeTaskInfo(QString const& name);
     // Fills `tasks` (appended, in name order) and returns whether there is any.
     bool isExistTaskInfo(QVector<CQTaskInfo>& tasks) const;
+    bool contains(QString const& name) const;
+    int count() const;
     void clear();
 
 private:

@@ -18,4 +18,15 @@ public:
     // Same, measured with a font of `fontPixelSize` pixels and `reserve` pixels
     // of the width kept free.
     static void TextWidthAdjustLabel(QLabel* label, int fontPixelSize, QString const& text, Qt::TextElideMode mode, int reserve);
+
+    // The text last given to one of the fitting functions, before eliding.
+    static QString fullText(QLabel const* label);
+
+protected:
+    // A CQLabel fitted once stays fitted when its width changes.
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    static void fitText(QLabel* label, QFont const& font, QString const& text, Qt::TextElideMode mode, int reserve);
+    bool m_refitting = false;
 };
