@@ -25,7 +25,15 @@ CQMenu::CQMenu(QWidget* parent)
     InitUI();
 }
 
-CQMenu::~CQMenu() = default;
+CQMenu::~CQMenu()
+{
+    // Actions parented to the menu are deleted by ~QWidget, after this
+    // destructor: their destroyed signal must not reach a half-destroyed menu.
+    for (QPointer<QAction> const& action : qAsConst(m_actions)) {
+        if (action)
+            disconnect(action.data(), &QObject::destroyed, this, &CQMenu::rebuild);
+    }
+}
 
 void CQMenu::InitUI()
 {
