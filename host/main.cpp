@@ -1,0 +1,25 @@
+#include "clogdebug.h"
+#include "quorixGuiHost.h"
+#include "unixSignalWatcher.h"
+
+#include <QApplication>
+
+int main(int argc, char* argv[])
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("quorix-gui"));
+    // The client lives on in the tray when its main window is hidden.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    QuorixGuiHost host(QuorixGuiHost::parseArguments(QCoreApplication::arguments()));
+    QObject::connect(&host, &QuorixGuiHost::sig_quitRequested, &app, &QCoreApplication::quit);
+
+    UnixSignalWatcher signalWatcher;
+    QObject::connect(&signalWatcher, &UnixSignalWatcher::sig_signalReceived, &app, &QCoreApplication::quit);
+
+    host.start();
+    int const rc = QApplication::exec();
+    host.stop();
+    BFLOG(BFLOG_INFO, "host/main", "[QuorixGuiHost] exit code %d", rc);
+    return rc;
+}

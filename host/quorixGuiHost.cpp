@@ -1,0 +1,174 @@
+#include "quorixGuiHost.h"
+
+#include "clogdebug.h"
+#include "cqmainwindow.h"
+#include "cqpluginmanager.h"
+#include "firstPaintWatcher.h"
+#include "framelinkproxy.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QEvent>
+#include <QTimer>
+
+namespace {
+
+char const* const kModule = "host/quorixGuiHost";
+
+QString const kBodyMountName = QStringLiteral("NavigateWidget_MainWindow");
+QString const kProductName = QStringLiteral("Quorix终端安全管理系统");
+QString const kBaseId = QStringLiteral("EPLUGIN_ID_BASE");
+QString const kCmdMainExit = QStringLiteral("EPLUGIN_ID_BASE_CMD_MAINEXIT");
+QString const kCmdSilentStartup = QStringLiteral("EPLUGIN_ID_BASE_CMD_SILENT_STARTUP");
+int const kWindowWidth = 1000;
+int const kWindowHeight = 580;
+
+} // namespace
+
+QuorixGuiHost::Options QuorixGuiHost::parseArguments(QStringList const& arguments)
+{
+    Options options;
+    for (int i = 1; i < arguments.size(); ++i) {
+        QString const& argument = arguments.at(i);
+        if (argument == QLatin1String("--silent")) {
+            options.silent = true;
+        } else if (argument == QLatin1String("--quit-after-show")) {
+            options.quitAfterShow = true;
+        } else if (argument == QLatin1String("--root") && i + 1 < arguments.size()) {
+            options.root = arguments.at(++i);
+        } else if (argument.startsWith(QLatin1String("--root="))) {
+            options.root = argument.mid(7);
+        } else {
+            BFLOG(BFLOG_WARN, kModule, "[QuorixGuiHost] unknown argument [%s] ignored", qUtf8Printable(argument.left(128)));
+        }
+    }
+    return options;
+}
+
+QString QuorixGuiHost::resolveRoot(QString const& requested, QString const& applicationDir)
+{
+    QString root = requested;
+    if (root.isEmpty())
+        root = qEnvironmentVariable("QUORIX_ROOT");
+    if (root.isEmpty())
+        root = applicationDir + QStringLiteral("/..");
+    return QDir::cleanPath(QDir(root).absolutePath());
+}
+
+QuorixGuiHost::QuorixGuiHost(Options options, QObject* parent)
+    : QObject(parent)
+    , m_options(std::move(options))
+{
+    InitVars();
+}
+
+QuorixGuiHost::~QuorixGuiHost()
+{
+    stop();
+}
+
+void QuorixGuiHost::InitVars()
+{
+    m_root = resolveRoot(m_options.root, QCoreApplication::applicationDirPath());
+}
+
+QString QuorixGuiHost::pluginDir() const
+{
+    return m_root + QStringLiteral("/lib/plugins-gui");
+}
+
+CQMainWindow* QuorixGuiHost::mainWindow() const
+{
+    return m_pMainWindow.data();
+}
+
+void QuorixGuiHost::InitUIMainWindow()
+{
+    m_pMainWindow = new CQMainWindow;
+    m_pMainWindow->setObjectName(QStringLiteral("m_pMainWindow"));
+    m_pMainWindow->setWindowFlags(m_pMainWindow->windowFlags() | Qt::Window | Qt::FramelessWindowHint);
+    m_pMainWindow->setWindowTitle(kProductName);
+    m_pMainWindow->setFixedSize(kWindowWidth, kWindowHeight);
+    m_pMainWindow->setBodyMountName(kBodyMountName);
+    if (m_options.quitAfterShow) {
+        m_pFirstPaintWatcher = new FirstPaintWatcher(m_pMainWindow, this);
+        connect(m_pFirstPaintWatcher, &FirstPaintWatcher::sig_firstPaint, this,
+                [this]() { requestQuit("main window painted"); });
+    }
+}
+
+void QuorixGuiHost::InitControl()
+{
+    CQPluginManager* manager = CQPluginManager::singleInstance();
+    manager->setHost(m_pMainWindow);
+    connect(manager, &CQPluginManager::sig_command, this, &QuorixGuiHost::slot_command);
+    connect(manager, &CQPluginManager::sig_pluginLoaded, this, &QuorixGuiHost::slot_pluginLoaded);
+}
+
+int QuorixGuiHost::start()
+{
+    if (m_started)
+        return 0;
+    m_started = true;
+    BFLOG(BFLOG_INFO, kModule, "[QuorixGuiHost] quorix-gui starting, root [%s]", qUtf8Printable(m_root));
+    InitUIMainWindow();
+    InitControl();
+    int const loaded = CQPluginManager::singleInstance()->loadPlugins(pluginDir());
+    BFLOG(BFLOG_INFO, kModule, "[QuorixGuiHost] %d plugins loaded from [%s]", loaded, qUtf8Printable(pluginDir()));
+
+    if (m_options.silent) {
+        // From the event loop, once every plugin has finished its start-up.
+        QTimer::singleShot(0, this, &QuorixGuiHost::slot_silentStartup);
+    } else if (m_pMainWindow) {
+        m_pMainWindow->show();
+    }
+    if (m_options.quitAfterShow && m_options.silent)
+        requestQuit("silent start, nothing to show");
+    return loaded;
+}
+
+void QuorixGuiHost::slot_silentStartup()
+{
+    CQPluginManager::singleInstance()->sendCmd(kBaseId, kCmdSilentStartup, QVariant());
+}
+
+void QuorixGuiHost::slot_pluginLoaded(QString id)
+{
+    BFLOG(BFLOG_INFO, kModule, "[QuorixGuiHost] plugin [%s] installed", qUtf8Printable(id));
+}
+
+void QuorixGuiHost::slot_command(QString target, QString cmd, QVariant para)
+{
+    Q_UNUSED(target);
+    Q_UNUSED(para);
+    if (cmd == kCmdMainExit)
+        requestQuit("main exit command");
+}
+
+void QuorixGuiHost::requestQuit(char const* why)
+{
+    if (m_quitRequested)
+        return;
+    m_quitRequested = true;
+    BFLOG(BFLOG_INFO, kModule, "[QuorixGuiHost] quitting: %s", why);
+    // Queued: the command may arrive inside a plugin's call stack, or before
+    // the event loop runs at all.
+    QTimer::singleShot(0, this, &QuorixGuiHost::sig_quitRequested);
+}
+
+void QuorixGuiHost::stop()
+{
+    if (!m_started || m_stopped)
+        return;
+    m_stopped = true;
+    BFLOG(BFLOG_INFO, kModule, "[QuorixGuiHost] quorix-gui stopping");
+    CQPluginManager::singleInstance()->unloadAll();
+    // Plugins tear down with deleteLater; a deletion may schedule another one.
+    for (int round = 0; round < 3; ++round)
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    delete m_pMainWindow.data();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    CQPluginManager::UninitInstance(true);
+    FrameLinkProxy::UninitInstance(true);
+    BFLOG(BFLOG_INFO, kModule, "[QuorixGuiHost] quorix-gui stopped");
+}
