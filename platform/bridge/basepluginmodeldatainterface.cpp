@@ -125,7 +125,7 @@ void BasePluginModelDataInterface::myVersion2QuorixVersion(QString const& versio
     second.clear();
     third.clear();
     // Nine digits per part keep every part within an int for whoever converts it.
-    static QRegularExpression const shape(QStringLiteral("^[vV]?(\\d{1,9}(?:\\.\\d{1,9}){0,3})$"));
+    static QRegularExpression const shape(QStringLiteral("^[vV]?([0-9]{1,9}(?:\\.[0-9]{1,9}){0,3})$"));
     QRegularExpressionMatch const match = shape.match(version.trimmed());
     if (!match.hasMatch()) {
         BFLOG(BFLOG_WARN, kModule, "[BasePluginModelDataInterface] unreadable version [%s]",

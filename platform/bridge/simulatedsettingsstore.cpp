@@ -66,7 +66,9 @@ bool SimulatedSettingsStore::load()
               qUtf8Printable(file.errorString()));
         return false;
     }
-    QString const text = QString::fromUtf8(file.read(kMaxFileSize));
+    QByteArray const data = file.read(kMaxFileSize);
+    // With an explicit size: the QByteArray overload would stop at a stray NUL.
+    QString const text = QString::fromUtf8(data.constData(), data.size());
     QString section;
     int lineNumber = 0;
     for (QString const& line : text.split(QLatin1Char('\n')))
