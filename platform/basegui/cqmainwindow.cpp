@@ -4,6 +4,7 @@
 #include "framelinkproxy.h"
 #include "framelinkproxyinterface.h"
 
+#include <QCloseEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
@@ -308,13 +309,16 @@ void CQMainWindow::setVisible(bool visible)
     QPointer<CQMainWindow> self(this);
     m_inVisibilityHook = true;
     if (visible) {
+        m_hideApproved = false;
         preShowEvent();
         if (!self)
             return;
         QWidget::setVisible(true);
         postShowEvent();
     } else {
-        if (!preHideEvent()) {
+        bool const approved = m_hideApproved;
+        m_hideApproved = false;
+        if (!approved && !preHideEvent()) {
             if (self)
                 m_inVisibilityHook = false;
             return;
@@ -326,6 +330,23 @@ void CQMainWindow::setVisible(bool visible)
     }
     if (self)
         m_inVisibilityHook = false;
+}
+
+void CQMainWindow::closeEvent(QCloseEvent* event)
+{
+    if (isWindow() && isVisible() && !m_inVisibilityHook) {
+        QPointer<CQMainWindow> self(this);
+        bool const allowed = preHideEvent();
+        if (!self)
+            return;
+        if (!allowed) {
+            event->ignore();
+            return;
+        }
+        // The hide that follows an accepted close needs no second question.
+        m_hideApproved = true;
+    }
+    QWidget::closeEvent(event);
 }
 
 bool CQMainWindow::preShowEvent()

@@ -52,6 +52,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    // Asks preHideEvent() before the close is accepted, so a veto also keeps
+    // a window with WA_DeleteOnClose alive.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void InitUI();
@@ -75,4 +78,5 @@ private:
     bool m_inVisibilityHook = false;
     bool m_borderRaisePending = false;
     bool m_mountRetried = false;
+    bool m_hideApproved = false;
 };

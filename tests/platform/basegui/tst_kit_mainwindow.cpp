@@ -59,6 +59,8 @@ private slots:
     void borderStaysOnTop();
     void hideVeto_data();
     void hideVeto();
+    void closeVeto_data();
+    void closeVeto();
 };
 
 void TstKitMainWindow::geometry_data()
@@ -242,6 +244,37 @@ void TstKitMainWindow::hideVeto()
     QCOMPARE(win.isVisible(), visibleAfter);
     QCOMPARE(win.calls, calls);
     win.allowHide = true;
+}
+
+void TstKitMainWindow::closeVeto_data()
+{
+    QTest::addColumn<bool>("allowHide");
+    QTest::addColumn<bool>("alive");
+    QTest::addColumn<QStringList>("calls");
+    // One question per close, even though close() hides through setVisible.
+    QTest::newRow("close allowed") << true << false << QStringList{"preShow", "postShow", "preHide", "postHide"};
+    QTest::newRow("close vetoed") << false << true << QStringList{"preShow", "postShow", "preHide"};
+}
+
+void TstKitMainWindow::closeVeto()
+{
+    QFETCH(bool, allowHide);
+    QFETCH(bool, alive);
+    QFETCH(QStringList, calls);
+    QPointer<HookedWindow> win = new HookedWindow;
+    win->setAttribute(Qt::WA_DeleteOnClose);
+    win->allowHide = allowHide;
+    win->resize(200, 100);
+    win->show();
+    QCOMPARE(win->close(), allowHide);
+    QCOMPARE(win->calls, calls);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(!win.isNull(), alive);
+    if (win) {
+        QVERIFY(win->isVisible());
+        win->allowHide = true;
+        delete win;
+    }
 }
 
 QTEST_MAIN(TstKitMainWindow)
