@@ -351,10 +351,11 @@ int CProbeSysInfo::get_uos(std::string& version, int& type, std::string const& r
     if (!readField(osRelease, "VERSION_ID", versionId, __FUNCTION__)
         || !readField(osRelease, "PRETTY_NAME", prettyName, __FUNCTION__))
         return 0;
-    if (!CReleaseText::typeFromText(prettyName, type)) {
+    std::string const compact = CStr::removeAll(versionId, ' ');
+    if (!CReleaseText::typeFromText(prettyName, type) || compact.empty()) {
         BFLOG(BFLOG_WARN, kLogModule, "从%s获取系统版本失败", osRelease.c_str());
         return 0;
     }
-    version = CStr::removeAll(versionId, ' ');
+    version = compact;
     return 1;
 }
