@@ -84,7 +84,7 @@ void CQButton::Private::applyStyle()
     QString const font = QStringLiteral("font-family:\"Noto Sans CJK SC\";font-size:%1px;font-weight:%2;")
                              .arg(fontSize)
                              .arg(fontWeight);
-    q->setStyleSheet(QStringLiteral("CQButton{%1border-radius:4px;padding:0px 4px;%2}"
+    q->setStyleSheet(QStringLiteral("CQButton{%1border-radius:4px;padding:0px 2px;%2}"
                                     "CQButton:hover{%3}CQButton:pressed{%4}CQButton:disabled{%5}")
                          .arg(QLatin1String(look.normal), font, QLatin1String(look.hover),
                               QLatin1String(look.pressed), QLatin1String(look.disabled)));

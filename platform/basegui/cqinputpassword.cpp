@@ -4,6 +4,7 @@
 #include "cqbutton.h"
 #include "cqnoticeicon.h"
 #include "prompttitlewin.h"
+#include "promptwindow_p.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -75,7 +76,6 @@ void CQInputPassword::Private::InitUI()
     auto* main = new QVBoxLayout(q);
     main->setContentsMargins(0, 0, 0, 0);
     main->setSpacing(0);
-    main->setSizeConstraint(QLayout::SetFixedSize);
     title = new PromptTitleWin(q);
     main->addWidget(title);
 
@@ -152,6 +152,7 @@ void CQInputPassword::Private::showError(QString const& text)
     hint->hide();
     edit->style()->unpolish(edit);
     edit->style()->polish(edit);
+    basegui::detail::fitHeightToWidth(q);
 }
 
 void CQInputPassword::Private::dismiss()
@@ -251,6 +252,7 @@ void CQInputPassword::slot_updateUIType(int type)
     d->hint->setVisible(!d->info.hint.isEmpty());
     d->edit->style()->unpolish(d->edit);
     d->edit->style()->polish(d->edit);
+    basegui::detail::fitHeightToWidth(this);
 }
 
 void CQInputPassword::slot_submit()

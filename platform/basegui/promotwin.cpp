@@ -4,6 +4,7 @@
 #include "clogdebug.h"
 #include "cqnoticeicon.h"
 #include "prompttitlewin.h"
+#include "promptwindow_p.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -75,7 +76,6 @@ void PromotWin::Private::InitUI()
     auto* main = new QVBoxLayout(q);
     main->setContentsMargins(0, 0, 0, 0);
     main->setSpacing(0);
-    main->setSizeConstraint(QLayout::SetFixedSize);
     title = new PromptTitleWin(q);
     main->addWidget(title);
     InitUIBody(main);
@@ -187,7 +187,7 @@ void PromotWin::setParas(sInfo const& info)
     d->countDown->setInfo(info.countDown);
     if (isVisible())
         d->countDown->start();
-    adjustSize();
+    basegui::detail::fitHeightToWidth(this);
 }
 
 PromotWin::sInfo PromotWin::paras() const
@@ -239,7 +239,7 @@ int PromotWin::noticeIconType(int kind)
 void PromotWin::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    adjustSize();
+    basegui::detail::fitHeightToWidth(this);
     basegui::Common::setWidgetMidPos(this, parentWidget() ? parentWidget()->window() : nullptr, QPoint(0, 0));
     d->countDown->start();
 }

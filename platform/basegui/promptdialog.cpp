@@ -5,6 +5,7 @@
 #include "cqbutton.h"
 #include "cqnoticeicon.h"
 #include "prompttitlewin.h"
+#include "promptwindow_p.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -56,7 +57,6 @@ void PromptDialog::InitUI()
     auto* main = new QVBoxLayout(this);
     main->setContentsMargins(0, 0, 0, 0);
     main->setSpacing(0);
-    main->setSizeConstraint(QLayout::SetFixedSize);
     m_pTitleWin = new PromptTitleWin(this);
     m_pTitleWin->setParas(PromptTitleWin::TYPE_NORMAL, QString::fromUtf8("提示"), false, true);
     main->addWidget(m_pTitleWin);
@@ -111,7 +111,7 @@ void PromptDialog::setParas(int mode, QString const& line1, QString const& line2
     m_pLabLine2->setText(twoRows ? line2 : QString());
     m_pLabLine2->setVisible(twoRows);
     m_pBtnCancel->setVisible(twoButtons);
-    adjustSize();
+    basegui::detail::fitHeightToWidth(this);
 }
 
 int PromptDialog::mode() const
@@ -140,7 +140,7 @@ void PromptDialog::setIconType(int noticeIconType)
 
 void PromptDialog::centreOn(QWidget* w)
 {
-    adjustSize();
+    basegui::detail::fitHeightToWidth(this);
     basegui::Common::setWidgetMidPos(this, w ? w->window() : nullptr, QPoint(0, 0));
 }
 
