@@ -59,7 +59,6 @@ struct NavigateWidget::Private
 void NavigateWidget::Private::InitUI(int height)
 {
     q->setFixedSize(BarWidth + PageAreaWidth, height);
-    q->setAttribute(Qt::WA_TranslucentBackground);
     q->setStyleSheet(kBarStyle);
 
     bar = new QWidget(q);
