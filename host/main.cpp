@@ -4,6 +4,8 @@
 
 #include <QApplication>
 
+#include <memory>
+
 int main(int argc, char* argv[])
 {
     QApplication app(argc, argv);
@@ -14,11 +16,14 @@ int main(int argc, char* argv[])
     QuorixGuiHost host(QuorixGuiHost::parseArguments(QCoreApplication::arguments()));
     QObject::connect(&host, &QuorixGuiHost::sig_quitRequested, &app, &QCoreApplication::quit);
 
-    UnixSignalWatcher signalWatcher;
-    QObject::connect(&signalWatcher, &UnixSignalWatcher::sig_signalReceived, &app, &QCoreApplication::quit);
+    auto signalWatcher = std::make_unique<UnixSignalWatcher>();
+    QObject::connect(signalWatcher.get(), &UnixSignalWatcher::sig_signalReceived, &app, &QCoreApplication::quit);
 
     host.start();
     int const rc = QApplication::exec();
+    // Back to the default handlers: a second SIGTERM or Ctrl-C while the
+    // plugins tear down ends the process instead of being queued for nobody.
+    signalWatcher.reset();
     host.stop();
     BFLOG(BFLOG_INFO, "host/main", "[QuorixGuiHost] exit code %d", rc);
     return rc;

@@ -68,7 +68,6 @@ private slots:
     void backendEventsReachTheGuiThreadIntact();
     void settingsStoredFromWorkerAnnounceChange();
     void upgradeAnswersWithBothLibraries();
-    void messageCentreAndVerify();
 
 private:
     QTemporaryDir m_config;
@@ -309,19 +308,6 @@ void TstBasePluginModelDataInterface::upgradeAnswersWithBothLibraries()
     for (_VERINFO_ const& entry : info.at(0).at(1).value<QList<_VERINFO_>>())
         kinds.append(entry.kind);
     QCOMPARE(kinds, (QList<int>{1, 4}));
-}
-
-void TstBasePluginModelDataInterface::messageCentreAndVerify()
-{
-    MessageCenterPluginModelDataInterface* centre = MessageCenterPluginModelDataInterface::singleInstance();
-    QSignalSpy count(centre, &MessageCenterPluginModelDataInterface::sig_unreadMsgCount);
-    QCOMPARE(centre->requestUnreadMsgCount(), 0);
-    QVERIFY(count.wait(5000));
-    QCOMPARE(count.at(0).at(0).toInt(), 0);
-
-    VerifyPluginModelDataInterface* verify = VerifyPluginModelDataInterface::singleInstance();
-    QCOMPARE(verify->getVerifyPolicy(1), 1);
-    QCOMPARE(verify->verifyPassword(1, QStringLiteral("guess")), 1);
 }
 
 QTEST_GUILESS_MAIN(TstBasePluginModelDataInterface)

@@ -45,7 +45,6 @@ private slots:
     void pluginDeletedDuringBroadcastIsSkipped();
     void pluginUnloadingItselfFromACommand();
     void pluginDeletedBehindTheManagersBack();
-    void addPluginRejectsNullAndDuplicates();
 
 private:
     QPointer<RecorderPlugin> m_a, m_b, m_c;
@@ -170,19 +169,6 @@ void TstCQPluginManagerRouting::pluginDeletedBehindTheManagersBack()
     QCOMPARE(CQPluginManager::singleInstance()->pluginIds(), (QStringList{kA, kB}));
     CQPluginManager::singleInstance()->sendCmd(kC, QStringLiteral("LOST"), QVariant());
     QVERIFY(receiversOf(QStringLiteral("LOST")).isEmpty());
-}
-
-void TstCQPluginManagerRouting::addPluginRejectsNullAndDuplicates()
-{
-    CQPluginManager* manager = CQPluginManager::singleInstance();
-    QVERIFY(!manager->addPlugin(nullptr, QStringLiteral("EPLUGIN_ID_TEST_NULL")));
-    auto* duplicate = new RecorderPlugin;
-    QVERIFY(!manager->addPlugin(duplicate, kA));
-    delete duplicate;
-    auto* nameless = new RecorderPlugin;
-    QVERIFY(!manager->addPlugin(nameless, QString()));
-    delete nameless;
-    QCOMPARE(manager->pluginIds(), (QStringList{kA, kB, kC}));
 }
 
 QTEST_GUILESS_MAIN(TstCQPluginManagerRouting)
