@@ -10,9 +10,27 @@ function(quorix_add_subdirectory dir)
   endif()
 endfunction()
 
+# With Ninja, AUTOMOC reruns only when a header it already scanned changes, so
+# a Q_OBJECT header that a glob has just found is never mocced and the link
+# fails on its vtable. When a target's file list changes, drop its AUTOMOC
+# stamp so the next build scans again.
+function(quorix_refresh_automoc target)
+  string(SHA1 list_hash "${ARGN}")
+  set(stamp "${CMAKE_CURRENT_BINARY_DIR}/${target}_sources.sha1")
+  set(old_hash "")
+  if(EXISTS "${stamp}")
+    file(READ "${stamp}" old_hash)
+  endif()
+  if(NOT old_hash STREQUAL list_hash)
+    file(REMOVE "${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/timestamp")
+    file(WRITE "${stamp}" "${list_hash}")
+  endif()
+endfunction()
+
 # A shared platform library: lands in lib/, installs to lib/.
 function(quorix_add_platform_library target)
   add_library(${target} SHARED ${ARGN})
+  quorix_refresh_automoc(${target} ${ARGN})
   set_target_properties(${target} PROPERTIES
     LIBRARY_OUTPUT_DIRECTORY "${QUORIX_LIB_DIR}"
     INSTALL_RPATH "$ORIGIN")
