@@ -9,6 +9,10 @@
 #include "cqmenu.h"
 #include "cqmenuitem.h"
 #include "cWinAbout.h"
+#include "authMgr.h"
+#include "commonSetting.h"
+#include "messageTip.h"
+#include "versionStatusCardWin.h"
 #include "dravoguiconfig.h"
 #include "framelinkproxy.h"
 #include "goodsShelf.h"
@@ -175,6 +179,26 @@ QLabel* BasePlugin::trayHintLabel() const
 QTimer* BasePlugin::dataTimer() const
 {
     return d_ptr ? d_ptr->m_pGlobalTimer.data() : nullptr;
+}
+
+CommonSetting* BasePlugin::commonSetting() const
+{
+    return d_ptr ? d_ptr->m_pCommonSetting.data() : nullptr;
+}
+
+MessageTip* BasePlugin::messageTip() const
+{
+    return d_ptr ? d_ptr->m_pMessageTip.data() : nullptr;
+}
+
+AuthMgr* BasePlugin::authMgr() const
+{
+    return d_ptr ? d_ptr->m_pAuthMgr.data() : nullptr;
+}
+
+VersionStatusCardWin* BasePlugin::versionStatusCard() const
+{
+    return d_ptr ? d_ptr->m_pVersionStatusCardWin.data() : nullptr;
 }
 
 void BasePlugin::slot_setting()

@@ -5,7 +5,11 @@
 
 #include <QPointer>
 
+class AuthMgr;
 class BasePluginPrivate;
+class CommonSetting;
+class MessageTip;
+class VersionStatusCardWin;
 class CQLabel;
 class CQMenu;
 class CQMenuItem;
@@ -51,6 +55,10 @@ public:
     QWidget* bottomBar() const;
     QLabel* trayHintLabel() const;
     QTimer* dataTimer() const;
+    CommonSetting* commonSetting() const;
+    MessageTip* messageTip() const;
+    AuthMgr* authMgr() const;
+    VersionStatusCardWin* versionStatusCard() const;
 
 signals:
     void sig_minimize();

@@ -138,8 +138,10 @@ bool BasePluginCmd::tray(QString const& cmd, QVariant const& para)
         sPluginRegisterItem const item = widgetRecord(para);
         TrayWidget::singleInstance()->registMenu(static_cast<QWidget*>(item.object), item.index);
     } else if (is(cmd, BASEPLUGIN_CMD_UNREGISTER_TRAY)) {
+        // A null widget frees nothing: the menu would free the index whoever holds it.
         sPluginRegisterItem const item = widgetRecord(para);
-        TrayWidget::singleInstance()->unRegistMenu(static_cast<QWidget*>(item.object), item.index);
+        if (item.object)
+            TrayWidget::singleInstance()->unRegistMenu(static_cast<QWidget*>(item.object), item.index);
     } else if (is(cmd, BASEPLUGIN_CMD_REGISTER_TRAY_GOODS)) {
         sPluginRegisterItem const item = widgetRecord(para);
         if (d->m_pGoodsShelf)
@@ -160,7 +162,7 @@ bool BasePluginCmd::menuItem(QString const& cmd, QVariant const& para)
         // A widget is never an action; anything else is the sender's action,
         // which it keeps alive until it unregisters it.
         QAction* action = CmdPayload::liveWidget(item.object) ? nullptr : qobject_cast<QAction*>(item.object);
-        if (q.m_pMenu && q.m_pMenu->myAddAction(action, item.index) == 0)
+        if (q.m_pMenu && q.m_pMenu->myAddAction(action, item.index) == 0 && !d->m_menuActions.contains(action))
             d->m_menuActions.append(QPointer<QAction>(action));
     } else if (is(cmd, BASEPLUGIN_CMD_UNREGISTER_MENUITEM)) {
         sPluginRegisterItem const item = CmdPayload::record(para);
@@ -174,7 +176,9 @@ bool BasePluginCmd::menuItem(QString const& cmd, QVariant const& para)
                 action = it->data();
             ++it;
         }
-        if (q.m_pMenu)
+        // Only an action this menu got through the bus; the menu itself would
+        // free the index for any (even a null) action.
+        if (q.m_pMenu && action)
             q.m_pMenu->myRemoveAction(action, item.index);
     } else {
         return false;

@@ -7,6 +7,8 @@
 #include <QtConcurrent>
 #include <QtTest>
 
+#include <memory>
+
 namespace {
 
 // What a callback saw: how often it ran and the last result.
@@ -114,6 +116,8 @@ void TestAsyncInvoker::await_returnsTrueBeforeWorkStarts()
     pool.setMaxThreadCount(1);
     QSemaphore gate;
     QSemaphore running;
+    // Opens the gate however the test ends, so the pool can be torn down.
+    std::shared_ptr<void> opener(nullptr, [&gate](void*) { gate.release(); });
     // Occupy the only worker so that the call under test is still queued.
     QFuture<void> blocker = QtConcurrent::run(&pool, [&]() {
         running.release();
@@ -121,14 +125,19 @@ void TestAsyncInvoker::await_returnsTrueBeforeWorkStarts()
     });
     running.acquire();
 
-    QFuture<bool> queued = QtConcurrent::run(&pool, []() { return true; });
-    QVERIFY(!queued.isStarted());
+    QAtomicInt ran(0);
+    QFuture<bool> queued = QtConcurrent::run(&pool, [&ran]() {
+        ran.storeRelaxed(1);
+        return true;
+    });
     Seen<bool> seen;
     QVERIFY(AsyncInvoker::await(queued, &Seen<bool>::callback, &seen));
+    QCOMPARE(ran.loadRelaxed(), 0);
     QCOMPARE(seen.calls, 0);
 
-    gate.release();
+    opener.reset();
     QTRY_COMPARE(seen.calls, 1);
+    QCOMPARE(ran.loadRelaxed(), 1);
     QCOMPARE(seen.value, true);
     blocker.waitForFinished();
 }

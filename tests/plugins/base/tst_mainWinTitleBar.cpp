@@ -152,9 +152,12 @@ void TestMainWinTitleBar::registerWin()
     bar.registerWin(w, static_cast<eBaseTitleBarDir>(dir), static_cast<eBaseTitleBarObjPosID>(pos));
     settle(bar);
 
-    // Every registration of a non-null widget relays out both areas.
-    QCOMPARE(layoutCount(bar, 0), leftBefore + 1 + (area == QLatin1String("m_pLeftArea") ? 1 : 0));
-    QCOMPARE(layoutCount(bar, 1), rightBefore + 1 + (area == QLatin1String("m_pRightArea") ? 1 : 0));
+    // A registration relays out both areas (one more stretch in each), except
+    // a second one at a taken position, which changes nothing at all.
+    bool const taken = area.isEmpty() && (dir == 0 || dir == 1);
+    int const relayout = taken ? 0 : 1;
+    QCOMPARE(layoutCount(bar, 0), leftBefore + relayout + (area == QLatin1String("m_pLeftArea") ? 1 : 0));
+    QCOMPARE(layoutCount(bar, 1), rightBefore + relayout + (area == QLatin1String("m_pRightArea") ? 1 : 0));
     if (area.isEmpty()) {
         QCOMPARE(w->parentWidget(), &owner);
         QVERIFY(!w->isVisible());
