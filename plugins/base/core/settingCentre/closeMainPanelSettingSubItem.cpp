@@ -2,12 +2,12 @@
 
 #include "basegui_common.h"
 #include "clogdebug.h"
+#include "cqradiobutton.h"
 #include "settingpluginmodeldatainterface.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QRadioButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -47,7 +47,7 @@ public:
     QVBoxLayout* m_pLayout = nullptr;
     QLabel* m_pLabelTitle = nullptr;
     QButtonGroup* m_pButtonGroup = nullptr;
-    QRadioButton* m_pButtons[kChoiceCount] = {};
+    CQRadioButton* m_pButtons[kChoiceCount] = {};
     int m_nSavedValue = 0;
 };
 
@@ -72,7 +72,7 @@ void CloseMainPanelSettingSubItemPrivate::InitUI()
     m_pButtonGroup = new QButtonGroup(q_ptr);
     m_pButtonGroup->setExclusive(true);
     for (int value = 0; value < kChoiceCount; ++value) {
-        auto* button = new QRadioButton(QString::fromUtf8(kChoices[value].text), q_ptr);
+        auto* button = new CQRadioButton(QString::fromUtf8(kChoices[value].text), q_ptr);
         button->setObjectName(QString::fromLatin1(kChoices[value].objectName));
         button->setFixedSize(kChoices[value].width, 22);
         m_pButtonGroup->addButton(button, value);
@@ -91,7 +91,7 @@ void CloseMainPanelSettingSubItemPrivate::check(int value)
     }
     // An exclusive group never lets the last checked button go by itself.
     m_pButtonGroup->setExclusive(false);
-    for (QRadioButton* button : m_pButtons)
+    for (CQRadioButton* button : m_pButtons)
         button->setChecked(false);
     m_pButtonGroup->setExclusive(true);
 }
@@ -162,6 +162,6 @@ void CloseMainPanelSettingSubItem::slot_updateInfo(__sSettingData data)
 void CloseMainPanelSettingSubItem::updateLockStatus(bool locked)
 {
     SettingSubItemWidget::updateLockStatus(locked);
-    for (QRadioButton* button : d_ptr->m_pButtons)
+    for (CQRadioButton* button : d_ptr->m_pButtons)
         button->setEnabled(!locked);
 }

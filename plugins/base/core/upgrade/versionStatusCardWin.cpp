@@ -1,7 +1,7 @@
 #include "versionStatusCardWin.h"
 
 #include "clogdebug.h"
-#include "cqlabel.h"
+#include "cqlabelstate.h"
 #include "upgradepluginmodeldatainterface.h"
 #include "versionWin.h"
 
@@ -28,12 +28,8 @@ public:
     {
         q_ptr->setTitle(QStringLiteral("版本状态"));
 
-        auto* state = new CQLabel(QStringLiteral("监控中"), q_ptr);
-        state->setObjectName(QStringLiteral("m_pLabelState"));
+        auto* state = new CQLabelState(QStringLiteral("监控中"), CQLabelState::UITYPE_NORMAL, q_ptr);
         state->setFixedSize(38, 18);
-        state->setAlignment(Qt::AlignCenter);
-        state->setStyleSheet(QStringLiteral("#m_pLabelState{font-family:\"Noto Sans CJK SC\";font-size:10px;"
-                                            "color:#1E9E5A;background:#E2F6EA;border-radius:2px;}"));
         q_ptr->setStateWidget(state);
 
         m_pVirusWin = createBlock(QStringLiteral("病毒库日期"), kVirusBlockKey);
