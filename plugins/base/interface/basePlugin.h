@@ -2,6 +2,7 @@
 
 #include "bridgerecords.h"
 #include "cqbaseplugin.h"
+#include "mainExitAskWin.h"
 
 #include <QPointer>
 
@@ -72,6 +73,8 @@ public slots:
     void slot_exit();
     void slot_exit_second_confirm();
     void slot_updateQuitMode(__sSettingData data);
+    void slot_is_quit(MainExitAskWin::eSelectedItem item, bool remember);
+    void slot_exit_input_password_result(bool ok);
     void slot_update_data();
     void slot_mainFrameAutoStart();
     void slot_showTestMainWin();
@@ -100,6 +103,10 @@ private:
     QWidget* createTrayTitleRow();
     void updateProtectDays(unsigned int days);
     void hideMainWindow();
+    void showQuitAskWin();
+    bool showQuitTaskMutexWin();
+    void showQuitConfirmWin();
+    void showInputQuitPasswordWin();
     void updateHomeFallback();
     void sendToSelf(char const* cmd, QObject* object, int index, QVariant const& extra = QVariant());
 

@@ -13,6 +13,7 @@
 #include "framelinkproxy.h"
 #include "homePageWidget.h"
 #include "mainWinTitleBar.h"
+#include "promotwin.h"
 #include "trayWidget.h"
 
 #include <QLabel>
@@ -156,9 +157,29 @@ void BasePlugin::slot_device_mgr_msg(__sDeviceMgrPopup info)
     }
 }
 
+// One prompt for all backend notices, reused while it is open. Unlike the
+// other pop-ups it is not handed to the message manager.
 void BasePlugin::slot_noticeWin(_sNoticeWinInfo_ info)
 {
-    BFLogPrintX(2, kModule, __FUNCTION__, __LINE__, "[BasePlugin] receive notice win msg, type [%d]", info.noticeType);
+    if (!d_ptr)
+        return;
+    if (!d_ptr->m_pNoticeWin)
+        d_ptr->m_pNoticeWin = new PromotWin(d_ptr->m_pMainWindow);
+    // Notice types 1 and 2 swap their prompt kinds on purpose.
+    static int const kKinds[] = {PromotWin::KIND_INFO, PromotWin::KIND_WARNING, PromotWin::KIND_SUCCESS,
+                                 PromotWin::KIND_ERROR, PromotWin::KIND_URGENT};
+    bool const known = info.noticeType >= 0 && info.noticeType < int(sizeof(kKinds) / sizeof(kKinds[0]));
+    PromotWin::sInfo paras;
+    paras.modal = 0;
+    paras.kind = known ? kKinds[info.noticeType] : PromotWin::KIND_INFO;
+    paras.title = info.text1;
+    paras.text = info.text2;
+    paras.subText = info.text3;
+    paras.detail = info.text4;
+    paras.rightBtnText = QString::fromUtf8("知道了");
+    paras.rightBtnKind = 0;
+    d_ptr->m_pNoticeWin->setParas(paras);
+    d_ptr->m_pNoticeWin->show();
 }
 
 void BasePlugin::slot_UniNotifyMsg(__sUniNoticeMsgInfo info)

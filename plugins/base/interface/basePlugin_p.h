@@ -10,7 +10,9 @@ class ClientUpgradeItemWin;
 class CommonSetting;
 class CloseMainPanelSettingSubItem;
 class CQLabelMultiFontSize;
+class MainExitInputPassword;
 class MessageTip;
+class PromotWin;
 class VersionStatusCardWin;
 
 // State and frame building of BasePlugin. Every widget is held through a
@@ -69,6 +71,10 @@ public:
     QPointer<ClientUpgradeItemWin> m_pClientUpgradeItemWin;
     QPointer<QWidgetAction> m_pActionTest;
     QPointer<CQLabelMultiFontSize> m_pGuardDaysLabel;
+    // Windows of the quit flow and the backend's notice prompt.
+    QPointer<MainExitAskWin> m_pAskWin;
+    QPointer<MainExitInputPassword> m_pInputPassword;
+    QPointer<PromotWin> m_pNoticeWin;
     // Actions other plugins put into the right-top menu; an unregistration is
     // matched against these by address before anything is dereferenced.
     QList<QPointer<QAction>> m_menuActions;

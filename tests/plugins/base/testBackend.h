@@ -1,0 +1,100 @@
+#pragma once
+
+#include "quorixbackend.h"
+#include "quorixbackendregistry.h"
+
+#include <QAtomicInt>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QThread>
+
+#include <memory>
+
+// A backend the test drives: the stored close action, the exit policy and
+// password, whether a weak-password request is acknowledged, and which thread
+// asked whether the backend is ready. It stands behind the real bridges.
+// No Q_OBJECT: it adds no signals, and the header is not moc'ed on its own.
+class TestBackend : public QuorixBackend
+{
+public:
+    QAtomicInt closeAction{2};
+    QAtomicInt exitPolicy{0};
+    QAtomicInt acceptWeakPasswdCheck{1};
+    QAtomicInt weakPasswdRequests{0};
+    QAtomicInt writes{0};
+    QString exitPassword = QStringLiteral("s3cret");
+    unsigned int days = 42;
+    quint64 info = 7;
+
+    QThread* readyThread()
+    {
+        QMutexLocker lock(&m_mutex);
+        return m_readyThread;
+    }
+
+    bool isReady() override
+    {
+        QMutexLocker lock(&m_mutex);
+        m_readyThread = QThread::currentThread();
+        return true;
+    }
+    QString clientVersion() override { return QStringLiteral("10.0.0.7550"); }
+    QString virusDataVersion() override { return QStringLiteral("2024.05.01"); }
+    unsigned int guardDays() override { return days; }
+    quint64 baseInfo() override { return info; }
+    int requestWeakPasswdCheck() override
+    {
+        weakPasswdRequests.fetchAndAddRelaxed(1);
+        return acceptWeakPasswdCheck.loadRelaxed() ? 0 : -1;
+    }
+    int shutdown(int) override { return 0; }
+    int reboot() override { return 0; }
+    void trayMenuShown() override {}
+
+    __sSettingData readSetting(QString const& typeName) override
+    {
+        __sSettingData data;
+        if (typeName != QLatin1String("_SETTING_COMMON_") && typeName != QLatin1String("SETTING_COMMON")) {
+            data.key = -1;
+            return data;
+        }
+        _SETTING_COMMON_ common;
+        common.closeAction = closeAction.loadRelaxed();
+        data.key = 0;
+        data.name = typeName;
+        data.value = QVariant::fromValue(common);
+        return data;
+    }
+    bool writeSetting(QVariant const& data) override
+    {
+        if (data.userType() != qMetaTypeId<_SETTING_COMMON_>())
+            return false;
+        closeAction.storeRelaxed(data.value<_SETTING_COMMON_>().closeAction);
+        writes.fetchAndAddRelaxed(1);
+        return true;
+    }
+
+    int verifyPolicy(int kind) override { return kind == 1 ? exitPolicy.loadRelaxed() : 0; }
+    int verifyPassword(int kind, QString const& password) override
+    {
+        return kind == 1 && password == exitPassword ? 0 : -1;
+    }
+
+    QString userId() override { return QStringLiteral("test-user"); }
+    QList<_VERINFO_> libraryVersions(int) override { return {}; }
+    int unreadMessageCount() override { return 0; }
+
+    // Installs a fresh one behind every bridge; the simulated backend comes
+    // back when the returned pointer's owner calls restore().
+    static std::shared_ptr<TestBackend> install()
+    {
+        auto backend = std::make_shared<TestBackend>();
+        QuorixBackendRegistry::setBackend(backend);
+        return backend;
+    }
+    static void restore() { QuorixBackendRegistry::setBackend(nullptr); }
+
+private:
+    QMutex m_mutex;
+    QThread* m_readyThread = nullptr;
+};
