@@ -20,6 +20,7 @@ public:
     {
         m_main = new CQMainWindow();
         m_main->resize(1000, 580);
+        m_main->setBodyMountName(QStringLiteral("NavigateWidget_MainWindow"));
         manager()->setHost(m_main);
         m_plugin = new BasePlugin();
         manager()->addPlugin(m_plugin, QStringLiteral("EPLUGIN_ID_BASE"));
