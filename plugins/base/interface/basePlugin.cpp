@@ -99,7 +99,6 @@ int BasePlugin::init(QVariant const& host)
     if (!d->m_pMainWindow)
         BFLogPrintX(4, kModule, __FUNCTION__, __LINE__, "[BasePlugin] main window is null, the frame is built without it");
 
-    d->InitVars();
     d->InitUINavigate();
     d->InitUITray();
     d->InitUITitle();

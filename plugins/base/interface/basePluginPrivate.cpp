@@ -61,6 +61,7 @@ void deliverQuitMode(void* context, void* result)
 BasePluginPrivate::BasePluginPrivate(BasePlugin* q)
     : q_ptr(q)
 {
+    InitVars();
 }
 
 // Widgets go through deleteLater: the host may still be delivering events to
@@ -112,11 +113,20 @@ void BasePluginPrivate::InitUINavigate()
     m_pNavigateBackWin->setStyleSheet(QStringLiteral(
         "background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #DCEAFF, stop:1 #EBF3FF);"));
 
-    m_pNavigateWidget = new NavigateWidget(kNavigateHeight, m_pNavigateBackWin);
+    // The gradient above applies to every widget below the background, and
+    // each label would paint its own slice of it; this holder makes whatever
+    // has no background of its own transparent, so the one gradient shows.
+    auto* holder = new QWidget(m_pNavigateBackWin);
+    holder->setObjectName(QStringLiteral("m_pNavigateHolder"));
+    holder->setStyleSheet(QStringLiteral("*{background:transparent;}"));
+    m_pNavigateWidget = new NavigateWidget(kNavigateHeight, holder);
+    auto* holderLayout = new QVBoxLayout(holder);
+    holderLayout->setContentsMargins(0, 0, 0, 0);
+    holderLayout->addWidget(m_pNavigateWidget);
     auto* layout = new QVBoxLayout(m_pNavigateBackWin);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_pNavigateWidget);
+    layout->addWidget(holder);
     m_pNavigateBackWin->setFixedSize(m_pNavigateWidget->size());
 
     if (!m_pNavigateWidget->mount(QStringLiteral("NavigateWidget_MainWindow"), m_pNavigateBackWin))

@@ -121,6 +121,7 @@ void BasePlugin::slot_base_info(__sBaseModuleBaseInfo info)
     label->updateContent(0, QString::fromUtf8("已累计陪伴"), QString::fromLatin1(kDaysTextStyle));
     label->updateContent(1, QStringLiteral("%1").arg(static_cast<qulonglong>(info.value)), QString::fromLatin1(kDaysNumberStyle));
     label->updateContent(2, QString::fromUtf8("天"), QString::fromLatin1(kDaysTextStyle));
+    label->adjustSize();
 }
 
 void BasePlugin::slot_updateProtectDays(unsigned int days)

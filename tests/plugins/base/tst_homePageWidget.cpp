@@ -1,3 +1,4 @@
+#include "basegui_common.h"
 #include "cardsWin.h"
 #include "cqlabel.h"
 #include "dravoguiconfig.h"
@@ -44,6 +45,7 @@ class TestHomePageWidget : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void init();
     void cleanup();
 
@@ -66,6 +68,12 @@ private:
     QTemporaryDir m_dir;
 };
 
+void TestHomePageWidget::initTestCase()
+{
+    // The plugin registers its resources when it is created; here there is no plugin.
+    Q_INIT_RESOURCE(ui_base);
+}
+
 void TestHomePageWidget::init()
 {
     DravoGuiConfig::setConfigPath(QString());
@@ -81,6 +89,9 @@ void TestHomePageWidget::page()
     HomePageWidget home;
     QCOMPARE(home.objectName(), QStringLiteral("HomePageWidget"));
     QCOMPARE(home.size(), QSize(852, 534));
+    QString const qss = basegui::Common::readQssFile(QStringLiteral(":/qss/homePageWidget.qss"));
+    QVERIFY(!qss.isEmpty());
+    QCOMPARE(home.styleSheet(), qss);
     QVERIFY(home.windowFlags() & Qt::FramelessWindowHint);
     QCOMPARE(home.getBarName(), QString::fromUtf8("安全总览"));
     QCOMPARE(home.titleLabel()->text(), QString::fromUtf8("安全守护每一刻"));
