@@ -1,24 +1,24 @@
 #include "basePlugin.h"
 #include "basePlugin_p.h"
 
+#include "authMgr.h"
 #include "baseCmdDefine.h"
 #include "basePluginCmd.h"
 #include "clogdebug.h"
+#include "commonSetting.h"
 #include "cqlabel.h"
 #include "cqlogotitle.h"
 #include "cqmenu.h"
 #include "cqmenuitem.h"
 #include "cWinAbout.h"
-#include "authMgr.h"
-#include "commonSetting.h"
-#include "messageTip.h"
-#include "versionStatusCardWin.h"
 #include "dravoguiconfig.h"
 #include "framelinkproxy.h"
 #include "goodsShelf.h"
 #include "homePageWidget.h"
 #include "mainWinTitleBar.h"
+#include "messageTip.h"
 #include "navigatewidget.h"
+#include "versionStatusCardWin.h"
 
 #include <QCursor>
 #include <QLabel>
@@ -26,6 +26,8 @@
 #include <QThread>
 #include <QTimer>
 #include <QWidgetAction>
+
+#include <functional>
 
 namespace {
 
@@ -85,6 +87,8 @@ BasePlugin::~BasePlugin()
     unRegisterRightTopMenu();
     unRegisterMenuSetting();
     unRegisterTray();
+    if (m_pActionSetting)
+        m_pActionSetting->deleteLater();
 
     BFLogPrintX(1, kModule, __FUNCTION__, __LINE__, "[BasePlugin] delete BasePlugin obj");
 }
