@@ -403,8 +403,8 @@ void TestBasePluginCmd::command()
     delete object.data();
 }
 
-// A payload of another type unpacks to a default value: nothing is reached,
-// except by the commands that carry no payload at all.
+// A payload of another type, or a null object, unpacks to a default value:
+// nothing is reached, except by the commands that carry no payload at all.
 void TestBasePluginCmd::command_wrongPayload()
 {
     QFETCH(QString, cmd);
@@ -412,7 +412,8 @@ void TestBasePluginCmd::command_wrongPayload()
     QPointer<QObject> object = bc.make();
     bc.arrange(m_env, object);
     QList<QVariant> const wrong = {QVariant(), QVariant(1.5), QVariant(QStringLiteral("junk")),
-                                   QVariant::fromValue<QObject*>(object.data()), QVariant(QPoint(1, 2))};
+                                   QVariant::fromValue<QObject*>(object.data()), QVariant(QPoint(1, 2)),
+                                   QVariant::fromValue<void*>(nullptr), QVariant::fromValue(sPluginRegisterItem())};
     for (QVariant const& payload : wrong) {
         QVERIFY(!m_env.plugin->execCmd(cmd, payload).isValid());
         if (bc.kind != BusCase::None)
