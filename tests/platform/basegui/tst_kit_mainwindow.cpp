@@ -48,53 +48,15 @@ class TstKitMainWindow : public QObject
     Q_OBJECT
 
 private slots:
-    void geometry_data();
-    void geometry();
     void bodyMount_data();
     void bodyMount();
     void bodyDeletedByOwner();
     void titleReplacedIsDetached();
     void titleDragMovesWindow();
     void titleDeletedDuringDrag();
-    void borderStaysOnTop();
     void hideVeto_data();
     void hideVeto();
-    void closeVeto_data();
-    void closeVeto();
 };
-
-void TstKitMainWindow::geometry_data()
-{
-    QTest::addColumn<QSize>("window");
-    QTest::addColumn<int>("titleHeight");   // 0: no title
-    QTest::addColumn<QRect>("titleRect");
-    QTest::addColumn<QRect>("bodyRect");
-    QTest::newRow("host main window") << QSize(1000, 580) << 46 << QRect(0, 0, 1000, 46) << QRect(0, 46, 1000, 534);
-    QTest::newRow("no title") << QSize(1000, 580) << 0 << QRect() << QRect(0, 0, 1000, 580);
-    // A title of fixed height keeps it; the body gets what is left, never less than nothing.
-    QTest::newRow("title taller than window") << QSize(300, 40) << 46 << QRect(0, 0, 300, 46) << QRect(0, 46, 300, 0);
-}
-
-void TstKitMainWindow::geometry()
-{
-    QFETCH(QSize, window);
-    QFETCH(int, titleHeight);
-    QFETCH(QRect, titleRect);
-    QFETCH(QRect, bodyRect);
-    CQMainWindow win;
-    win.resize(window);
-    QWidget* title = titleHeight > 0 ? makeTitle(titleHeight) : nullptr;
-    auto* body = new QWidget;
-    win.setTitleWidget(title);
-    win.setBodyWidget(body);
-    if (title) {
-        QCOMPARE(title->parentWidget(), &win);
-        QCOMPARE(title->geometry(), titleRect);
-    }
-    QCOMPARE(body->parentWidget(), &win);
-    QCOMPARE(body->geometry(), bodyRect);
-    QVERIFY(win.windowFlags() & Qt::FramelessWindowHint);
-}
 
 void TstKitMainWindow::bodyMount_data()
 {
@@ -153,15 +115,19 @@ void TstKitMainWindow::bodyDeletedByOwner()
 void TstKitMainWindow::titleReplacedIsDetached()
 {
     CQMainWindow win;
-    win.resize(600, 400);
+    win.resize(600, 40);
     win.show();
+    auto* body = new QWidget;
+    win.setBodyWidget(body);
+    QCOMPARE(body->geometry(), QRect(0, 0, 600, 40));
     QPointer<QWidget> first = makeTitle(46);
     win.setTitleWidget(first);
+    QCOMPARE(body->geometry(), QRect(0, 46, 600, 0));   // what is left, never less than nothing
     win.setTitleWidget(makeTitle(30));
     QVERIFY(!first.isNull());   // never deleted by the window
     QVERIFY(first->parentWidget() == nullptr);
     QVERIFY(!first->isVisible());
-    QCOMPARE(win.titleWidget()->geometry(), QRect(0, 0, 600, 30));
+    QCOMPARE(body->geometry(), QRect(0, 30, 600, 10));
     delete first;
 }
 
@@ -203,75 +169,42 @@ void TstKitMainWindow::titleDeletedDuringDrag()
     QPoint const pos = win.pos();
     sendMouse(&win, QEvent::MouseMove, grab + QPoint(50, 50), Qt::LeftButton);
     QCOMPARE(win.pos(), pos);
-    win.resize(700, 450);
-    QCOMPARE(body->geometry(), QRect(0, 0, 700, 450));
-}
-
-void TstKitMainWindow::borderStaysOnTop()
-{
-    CQMainWindow win;
-    win.resize(300, 200);
-    win.setBodyWidget(new QWidget);
-    new QWidget(&win);   // added later, by a subclass or a plugin
-    QTRY_COMPARE(win.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly).last()->objectName(), QStringLiteral("m_pBorderWin"));
-    QWidget* border = win.findChild<QWidget*>(QStringLiteral("m_pBorderWin"));
-    QVERIFY(border->testAttribute(Qt::WA_TransparentForMouseEvents));
-    QCOMPARE(border->geometry(), win.rect());
 }
 
 void TstKitMainWindow::hideVeto_data()
 {
+    QTest::addColumn<bool>("viaClose");
     QTest::addColumn<bool>("allowHide");
-    QTest::addColumn<bool>("visibleAfter");
-    QTest::addColumn<QStringList>("calls");
-    QTest::newRow("hide allowed") << true << false << QStringList{"preShow", "postShow", "preHide", "postHide"};
-    QTest::newRow("hide vetoed") << false << true << QStringList{"preShow", "postShow", "preHide"};
+    QTest::newRow("hide allowed") << false << true;
+    QTest::newRow("hide vetoed") << false << false;
+    // One question per close, even though close() hides through setVisible.
+    QTest::newRow("close allowed") << true << true;
+    QTest::newRow("close vetoed") << true << false;
 }
 
 void TstKitMainWindow::hideVeto()
 {
+    QFETCH(bool, viaClose);
     QFETCH(bool, allowHide);
-    QFETCH(bool, visibleAfter);
-    QFETCH(QStringList, calls);
-    HookedWindow win;
-    win.allowHide = allowHide;
-    win.resize(200, 100);
-    // preShowEvent answers false: the window still shows.
-    win.activateShow();
-    QVERIFY(win.isVisible());
-    win.show();   // already shown: no second round of hooks
-    win.hide();
-    QCOMPARE(win.isVisible(), visibleAfter);
-    QCOMPARE(win.calls, calls);
-    win.allowHide = true;
-}
-
-void TstKitMainWindow::closeVeto_data()
-{
-    QTest::addColumn<bool>("allowHide");
-    QTest::addColumn<bool>("alive");
-    QTest::addColumn<QStringList>("calls");
-    // One question per close, even though close() hides through setVisible.
-    QTest::newRow("close allowed") << true << false << QStringList{"preShow", "postShow", "preHide", "postHide"};
-    QTest::newRow("close vetoed") << false << true << QStringList{"preShow", "postShow", "preHide"};
-}
-
-void TstKitMainWindow::closeVeto()
-{
-    QFETCH(bool, allowHide);
-    QFETCH(bool, alive);
-    QFETCH(QStringList, calls);
     QPointer<HookedWindow> win = new HookedWindow;
     win->setAttribute(Qt::WA_DeleteOnClose);
     win->allowHide = allowHide;
     win->resize(200, 100);
-    win->show();
-    QCOMPARE(win->close(), allowHide);
-    QCOMPARE(win->calls, calls);
+    win->activateShow();   // preShowEvent answers false: the window still shows
+    QVERIFY(win->isVisible());
+    win->show();   // already shown: no second round of hooks
+    if (viaClose)
+        QCOMPARE(win->close(), allowHide);
+    else
+        win->hide();
+    QStringList expected{"preShow", "postShow", "preHide"};
+    if (allowHide)
+        expected << QStringLiteral("postHide");
+    QCOMPARE(win->calls, expected);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(!win.isNull(), alive);
+    QCOMPARE(win.isNull(), viaClose && allowHide);
     if (win) {
-        QVERIFY(win->isVisible());
+        QCOMPARE(win->isVisible(), !allowHide);
         win->allowHide = true;
         delete win;
     }
