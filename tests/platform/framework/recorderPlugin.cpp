@@ -2,42 +2,40 @@
 
 #include "cqpluginmanager.h"
 
-RecorderPlugin::RecorderPlugin(QObject* parent)
-    : CQBasePlugin(parent)
-{
-}
-
 RecorderPlugin::~RecorderPlugin()
 {
-    TestJournal::append(name() + QStringLiteral(" deleted"));
+    note(QStringLiteral("deleted"));
 }
 
-QString RecorderPlugin::name() const
+QStringList& RecorderPlugin::journal()
 {
-    return pluginId().isEmpty() ? QStringLiteral("?") : pluginId();
+    static QStringList lines;
+    return lines;
+}
+
+void RecorderPlugin::note(QString const& what) const
+{
+    journal().append((pluginId().isEmpty() ? QStringLiteral("?") : pluginId()) + QLatin1Char(' ') + what);
 }
 
 int RecorderPlugin::init(QVariant const& host)
 {
     QObject* hostObject = host.value<QObject*>();
-    TestJournal::append(name() + QStringLiteral(" init host=")
-                        + (hostObject ? hostObject->objectName() : QStringLiteral("null")));
+    note(QStringLiteral("init host=") + (hostObject ? hostObject->objectName() : QStringLiteral("null")));
     emit sig1(pluginId(), QStringLiteral("TST_SELF_PING"), QVariant());
     return 0;
 }
 
-int RecorderPlugin::unInit(QVariant const& para)
+int RecorderPlugin::unInit(QVariant const&)
 {
-    Q_UNUSED(para);
-    TestJournal::append(name() + QStringLiteral(" unInit"));
+    note(QStringLiteral("unInit"));
     return 0;
 }
 
 QVariant RecorderPlugin::execCmd(QString cmd, QVariant const& para)
 {
-    m_threads.append(QThread::currentThread());
-    TestJournal::append(name() + QLatin1Char(' ') + cmd
-                        + (para.canConvert<QString>() ? QLatin1Char(' ') + para.toString() : QString()));
+    lastThread = QThread::currentThread();
+    note(para.canConvert<QString>() ? cmd + QLatin1Char(' ') + para.toString() : cmd);
     QStringList const args = para.toStringList();
     if (cmd == QLatin1String("TST_CMD_SEND") && args.size() == 3)
         emit sig1(args.at(0), args.at(1), args.at(2));

@@ -1,12 +1,18 @@
 #pragma once
 
 #include "cqbaseplugin.h"
-#include "testJournal.h"
 
+#include <QStringList>
 #include <QThread>
 
-// A plugin that writes every call into the TestJournal ("<id> <what>") and
-// can be told, through its own commands, to act on the bus:
+#if defined(TST_FRAMEWORK_SUPPORT_LIBRARY)
+#define TST_SUPPORT_EXPORT __attribute__((visibility("default")))
+#else
+#define TST_SUPPORT_EXPORT
+#endif
+
+// A plugin that writes every call into one journal ("<id> <what>") shared by the
+// test program and every test module, and acts on the bus when told to:
 //   TST_CMD_SEND       [target, cmd, payload]  emits sig1
 //   TST_CMD_BROADCAST  [cmd, payload]          emits sig
 //   TST_CMD_DELETE     id                      deletes that plugin outright
@@ -16,18 +22,16 @@ class TST_SUPPORT_EXPORT RecorderPlugin : public CQBasePlugin
 {
     Q_OBJECT
 public:
-    explicit RecorderPlugin(QObject* parent = nullptr);
     ~RecorderPlugin() override;
+
+    static QStringList& journal();
 
     int init(QVariant const& host) override;
     int unInit(QVariant const& para) override;
     QVariant execCmd(QString cmd, QVariant const& para) override;
 
-    // Threads execCmd ran on, in order.
-    QList<QThread*> threads() const { return m_threads; }
+    QThread* lastThread = nullptr;   // where execCmd ran last
 
 private:
-    QString name() const;
-
-    QList<QThread*> m_threads;
+    void note(QString const& what) const;
 };

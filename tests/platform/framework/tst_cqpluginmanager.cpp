@@ -1,11 +1,12 @@
-// CQPluginManager against real plugin modules: metadata, load order, failures,
-// install and uninstall announcements.
+// CQPluginManager against real plugin modules (metadata, load order, broken
+// files, install and uninstall announcements) and command routing between
+// plugins, including plugins that vanish while a command is delivered.
 
-#include "cqbaseplugin.h"
 #include "cqpluginmanager.h"
-#include "testJournal.h"
+#include "recorderPlugin.h"
 
 #include <QFile>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -15,10 +16,25 @@ namespace {
 QString const kBase = QStringLiteral("EPLUGIN_ID_BASE");
 QString const kBridge = QStringLiteral("EPLUGIN_ID_BRIDGE_BASE");
 QString const kAlpha = QStringLiteral("EPLUGIN_ID_TEST_ALPHA");
+QString const kA = QStringLiteral("EPLUGIN_ID_TEST_A");
+QString const kB = QStringLiteral("EPLUGIN_ID_TEST_B");
+QString const kC = QStringLiteral("EPLUGIN_ID_TEST_C");
+QStringList const kAllStems{"tst_a_alpha", "tst_b_bridge", "tst_c_base"};   // sorted unlike the load order
 
 QString builtModule(QString const& stem)
 {
     return QStringLiteral(TST_PLUGIN_DIR "/lib%1.so").arg(stem);
+}
+
+// The ids that journalled exactly `what`, in order.
+QStringList said(QString const& what)
+{
+    QStringList ids;
+    for (QString const& line : RecorderPlugin::journal()) {
+        if (line.section(QLatin1Char(' '), 1) == what)
+            ids.append(line.section(QLatin1Char(' '), 0, 0));
+    }
+    return ids;
 }
 
 } // namespace
@@ -27,218 +43,192 @@ class TstCQPluginManager : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
-
-    void readPluginId_data();
-    void readPluginId();
-    void readPluginIdRunsNoCode();
-    void loadOrderBaseBridgeThenFileName();
-    void brokenFilesAreSkipped();
-    void initGetsHostAndMetadata();
-    void everyPluginHearsEveryInstallOnce_data();
-    void everyPluginHearsEveryInstallOnce();
-    void duplicateIdIsRefused();
-    void unloadAnnouncesAndDeletes();
-    void unloadAllGoesInReverseOrder();
-
-private:
-    // A plugin folder holding copies of the given built modules plus `extra` files.
-    QString makePluginDir(QStringList const& stems, QMap<QString, QByteArray> const& extra = {});
-
+    CQPluginManager* m_manager = nullptr;
     QScopedPointer<QTemporaryDir> m_dir;
-    QTemporaryDir m_fixtures;   // files the data tables point at
+    QPointer<RecorderPlugin> m_a, m_b, m_c;
+
+    // A fresh plugin folder (each copy is a library of its own for the loader).
+    QString makePluginDir(QStringList const& stems, QMap<QString, QByteArray> const& extra = {})
+    {
+        QString const dir = m_dir->filePath(QStringLiteral("plugins-gui"));
+        QDir().mkpath(dir);
+        for (QString const& stem : stems)
+            QFile::copy(builtModule(stem), dir + QStringLiteral("/lib%1.so").arg(stem));
+        for (auto it = extra.cbegin(); it != extra.cend(); ++it) {
+            QFile file(dir + QLatin1Char('/') + it.key());
+            if (file.open(QIODevice::WriteOnly))
+                file.write(it.value());
+        }
+        return dir;
+    }
+
+    // Three recorders A, B, C registered in that order, journal cleared.
+    void addRecorders()
+    {
+        m_a = new RecorderPlugin;
+        m_b = new RecorderPlugin;
+        m_c = new RecorderPlugin;
+        QVERIFY(m_manager->addPlugin(m_a, kA) && m_manager->addPlugin(m_b, kB) && m_manager->addPlugin(m_c, kC));
+        RecorderPlugin::journal().clear();
+    }
+
+private slots:
+    void init()
+    {
+        RecorderPlugin::journal().clear();
+        m_manager = CQPluginManager::singleInstance();
+        m_dir.reset(new QTemporaryDir);
+        QVERIFY(m_dir->isValid());
+    }
+
+    void cleanup()
+    {
+        CQPluginManager::UninitInstance(true);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!m_a && !m_b && !m_c);
+    }
+
+    void readPluginId_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("id");
+        QTest::newRow("never loaded") << builtModule("tst_e_omega") << "EPLUGIN_ID_TEST_OMEGA";
+        QTest::newRow("not a CQBasePlugin") << builtModule("tst_d_notbase") << "EPLUGIN_ID_TEST_NOTBASE";
+        QTest::newRow("executable without metadata") << QCoreApplication::applicationFilePath() << "";
+        QTest::newRow("missing file") << "/nonexistent/libnothere.so" << "";
+        QTest::newRow("folder") << QStringLiteral(TST_PLUGIN_DIR) << "";
+        QTest::newRow("empty name") << "" << "";
+    }
+
+    void readPluginId()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, id);
+        QCOMPARE(CQPluginManager::readPluginId(file), id);
+        QCOMPARE(RecorderPlugin::journal().filter(QStringLiteral("code loaded")), QStringList());
+    }
+
+    void loadOrderAndInstallAnnouncements()
+    {
+        QObject host;
+        host.setObjectName(QStringLiteral("tstHost"));
+        m_manager->setHost(&host);
+        QSignalSpy loaded(m_manager, &CQPluginManager::sig_pluginLoaded);
+        QCOMPARE(m_manager->loadPlugins(makePluginDir(kAllStems)), 3);
+        // A second module with a taken id is refused before its init runs.
+        QVERIFY(!m_manager->loadPlugin(builtModule(QStringLiteral("tst_a_alpha"))));
+
+        QStringList const order{kBase, kBridge, kAlpha};
+        QCOMPARE(m_manager->pluginIds(), order);
+        QCOMPARE(loaded.count(), 3);
+        QCOMPARE(said(QStringLiteral("init host=tstHost")), order);
+        // Registered before init: the command each sent to itself from init arrived.
+        QCOMPARE(said(QStringLiteral("TST_SELF_PING")), order);
+        for (QString const& installed : order)
+            QCOMPARE(said(QStringLiteral(PLUGINMANAGE_CMDTYPE_INSTALL " ") + installed), order);
+    }
+
+    void brokenFilesAreSkipped()
+    {
+        QMap<QString, QByteArray> extra;
+        extra.insert(QStringLiteral("libaaa_garbage.so"), QByteArray(4096, '\x5a'));
+        extra.insert(QStringLiteral("libempty.so"), QByteArray());
+        extra.insert(QStringLiteral("README.txt"), QByteArray("not a plugin\n"));
+        QString const dir = makePluginDir({QStringLiteral("tst_a_alpha"), QStringLiteral("tst_d_notbase")}, extra);
+
+        QCOMPARE(m_manager->loadPlugins(dir), 1);
+        QCOMPARE(m_manager->pluginIds(), QStringList{kAlpha});
+        QCOMPARE(m_manager->loadPlugins(m_dir->filePath(QStringLiteral("no-such-folder"))), 0);
+        m_manager->sendCmd(kAlpha, QStringLiteral("STILL_ALIVE"), QVariant());
+        QCOMPARE(said(QStringLiteral("STILL_ALIVE")), QStringList{kAlpha});
+    }
+
+    void unloadAnnouncesAndDeletesInReverseOrder()
+    {
+        QCOMPARE(m_manager->loadPlugins(makePluginDir(kAllStems)), 3);
+        QSignalSpy unloaded(m_manager, &CQPluginManager::sig_pluginUnloaded);
+        RecorderPlugin::journal().clear();
+        QVERIFY(m_manager->unloadPlugin(kAlpha));
+        QVERIFY(!m_manager->unloadPlugin(kAlpha));
+        QString const gone = QStringLiteral(" " PLUGINMANAGE_CMDTYPE_UNSTALL " ") + kAlpha;
+        QCOMPARE(RecorderPlugin::journal(),
+                 (QStringList{kAlpha + " unInit", kBase + gone, kBridge + gone, kAlpha + " deleted"}));
+        QCOMPARE(unloaded.count(), 1);
+
+        RecorderPlugin::journal().clear();
+        CQPluginManager::UninitInstance(true);
+        QCOMPARE(said(QStringLiteral("unInit")), (QStringList{kBridge, kBase}));
+        QCOMPARE(said(QStringLiteral("deleted")), (QStringList{kBridge, kBase}));
+    }
+
+    void routing_data()
+    {
+        QTest::addColumn<QStringList>("order");   // what A is told to do
+        QTest::addColumn<QStringList>("receivers");
+        QTest::newRow("sig reaches every plugin, sender too")
+            << QStringList{"TST_CMD_BROADCAST", "X_CMD", "p"} << QStringList{kA, kB, kC};
+        QTest::newRow("sig1 reaches only its target") << QStringList{"TST_CMD_SEND", kB, "X_CMD", "p"} << QStringList{kB};
+        QTest::newRow("sig1 to all plugins, sender included")
+            << QStringList{"TST_CMD_SEND", EPLUGIN_ID_ALL_PLUGIN, "X_CMD", "p"} << QStringList{kA, kB, kC};
+        QTest::newRow("sig1 to an unknown plugin is dropped")
+            << QStringList{"TST_CMD_SEND", "EPLUGIN_ID_MSGMGR", "X_CMD", "p"} << QStringList{};
+        QTest::newRow("target ids are case-sensitive")
+            << QStringList{"TST_CMD_SEND", kB.toLower(), "X_CMD", "p"} << QStringList{};
+    }
+
+    void routing()
+    {
+        QFETCH(QStringList, order);
+        QFETCH(QStringList, receivers);
+        addRecorders();
+        m_manager->sendCmd(kA, order.first(), QStringList(order.mid(1)));
+        // Synchronous on the GUI thread: everything happened inside sendCmd.
+        QCOMPARE(said(QStringLiteral("X_CMD p")), receivers);
+    }
+
+    void emittedOnWorkerThreadIsDeliveredOnGuiThread()
+    {
+        addRecorders();
+        QThread* worker = QThread::create([a = m_a.data()]() {
+            emit a->sig1(kB, QStringLiteral("FROM_WORKER"), 1);
+            CQPluginManager::singleInstance()->sendCmd(kC, QStringLiteral("FROM_WORKER"), 2);
+        });
+        worker->start();
+        QVERIFY(worker->wait(5000));
+        delete worker;
+        QTRY_COMPARE(RecorderPlugin::journal(), (QStringList{kB + " FROM_WORKER 1", kC + " FROM_WORKER 2"}));
+        QCOMPARE(m_b->lastThread, thread());
+        QCOMPARE(m_c->lastThread, thread());
+    }
+
+    void pluginDeletedDuringBroadcastIsSkipped()
+    {
+        addRecorders();
+        QSignalSpy unloaded(m_manager, &CQPluginManager::sig_pluginUnloaded);
+        // A, first in line, deletes B before the broadcast reaches it.
+        m_manager->broadcast(QStringLiteral("TST_CMD_DELETE"), kB);
+        QVERIFY(!m_b);
+        QCOMPARE(said("TST_CMD_DELETE " + kB), (QStringList{kA, kC}));
+        QCOMPARE(m_manager->pluginIds(), (QStringList{kA, kC}));
+        QCOMPARE(unloaded.count(), 1);
+        QCOMPARE(said(QStringLiteral(PLUGINMANAGE_CMDTYPE_UNSTALL " ") + kB), (QStringList{kA, kC}));
+    }
+
+    void pluginsGoingAwayOutsideABroadcast()
+    {
+        addRecorders();
+        // B's own execCmd is on the stack: it must survive until the command returns.
+        m_manager->sendCmd(kB, QStringLiteral("TST_CMD_UNLOAD"), kB);
+        QVERIFY(m_b);
+        QVERIFY(!CQPluginManager::plugin(kB));
+        QTRY_VERIFY(!m_b);
+        delete m_c.data();   // behind the manager's back
+        QCOMPARE(m_manager->pluginIds(), QStringList{kA});
+        m_manager->broadcast(QStringLiteral("AFTER"), QVariant());
+        m_manager->sendCmd(kC, QStringLiteral("AFTER"), QVariant());
+        QCOMPARE(said(QStringLiteral("AFTER")), QStringList{kA});
+    }
 };
-
-void TstCQPluginManager::init()
-{
-    TestJournal::clear();
-    m_dir.reset(new QTemporaryDir);
-    QVERIFY(m_dir->isValid());
-}
-
-void TstCQPluginManager::cleanup()
-{
-    CQPluginManager::UninitInstance(true);
-    m_dir.reset();
-}
-
-QString TstCQPluginManager::makePluginDir(QStringList const& stems, QMap<QString, QByteArray> const& extra)
-{
-    // A fresh folder per case: each copy is a library of its own for the loader.
-    QString const dir = m_dir->filePath(QStringLiteral("plugins-gui"));
-    QDir().mkpath(dir);
-    for (QString const& stem : stems)
-        QFile::copy(builtModule(stem), dir + QStringLiteral("/lib%1.so").arg(stem));
-    for (auto it = extra.cbegin(); it != extra.cend(); ++it) {
-        QFile file(dir + QLatin1Char('/') + it.key());
-        if (file.open(QIODevice::WriteOnly))
-            file.write(it.value());
-    }
-    return dir;
-}
-
-void TstCQPluginManager::readPluginId_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("id");
-    QString const garbage = m_fixtures.filePath(QStringLiteral("libgarbage.so"));
-    QFile file(garbage);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray("\x7f" "ELF this is not really a shared object"));
-    file.close();
-
-    QTest::newRow("base") << builtModule(QStringLiteral("tst_c_base")) << kBase;
-    QTest::newRow("bridge") << builtModule(QStringLiteral("tst_b_bridge")) << kBridge;
-    QTest::newRow("not a CQBasePlugin still has an id") << builtModule(QStringLiteral("tst_d_notbase"))
-                                                         << QStringLiteral("EPLUGIN_ID_TEST_NOTBASE");
-    QTest::newRow("garbage") << garbage << QString();
-    QTest::newRow("missing file") << m_fixtures.filePath(QStringLiteral("libnothere.so")) << QString();
-    QTest::newRow("folder") << m_fixtures.path() << QString();
-    QTest::newRow("empty name") << QString() << QString();
-}
-
-void TstCQPluginManager::readPluginId()
-{
-    QFETCH(QString, file);
-    QFETCH(QString, id);
-    QCOMPARE(CQPluginManager::readPluginId(file), id);
-}
-
-void TstCQPluginManager::readPluginIdRunsNoCode()
-{
-    QCOMPARE(CQPluginManager::readPluginId(builtModule(QStringLiteral("tst_e_omega"))),
-             QStringLiteral("EPLUGIN_ID_TEST_OMEGA"));
-    QCOMPARE(TestJournal::count(QStringLiteral("EPLUGIN_ID_TEST_OMEGA code loaded")), 0);
-}
-
-void TstCQPluginManager::loadOrderBaseBridgeThenFileName()
-{
-    QString const dir = makePluginDir({QStringLiteral("tst_a_alpha"), QStringLiteral("tst_b_bridge"),
-                                       QStringLiteral("tst_c_base")});
-    CQPluginManager* manager = CQPluginManager::singleInstance();
-    QSignalSpy loaded(manager, &CQPluginManager::sig_pluginLoaded);
-
-    QCOMPARE(manager->loadPlugins(dir), 3);
-    QCOMPARE(manager->pluginIds(), (QStringList{kBase, kBridge, kAlpha}));
-    QCOMPARE(loaded.count(), 3);
-    QCOMPARE(loaded.at(0).at(0).toString(), kBase);
-    QStringList inits;
-    for (QString const& line : TestJournal::lines()) {
-        if (line.contains(QLatin1String(" init ")))
-            inits.append(line.section(QLatin1Char(' '), 0, 0));
-    }
-    QCOMPARE(inits, (QStringList{kBase, kBridge, kAlpha}));
-}
-
-void TstCQPluginManager::brokenFilesAreSkipped()
-{
-    QMap<QString, QByteArray> extra;
-    extra.insert(QStringLiteral("libaaa_garbage.so"), QByteArray(4096, '\x5a'));
-    extra.insert(QStringLiteral("libempty.so"), QByteArray());
-    extra.insert(QStringLiteral("README.txt"), QByteArray("not a plugin\n"));
-    QString const dir = makePluginDir({QStringLiteral("tst_a_alpha"), QStringLiteral("tst_d_notbase")}, extra);
-    CQPluginManager* manager = CQPluginManager::singleInstance();
-
-    QCOMPARE(manager->loadPlugins(dir), 1);
-    QCOMPARE(manager->pluginIds(), QStringList{kAlpha});
-    QVERIFY(!manager->loadPlugin(dir + QStringLiteral("/libaaa_garbage.so")));
-    QVERIFY(!manager->loadPlugin(dir + QStringLiteral("/libtst_d_notbase.so")));
-    QCOMPARE(manager->loadPlugins(m_dir->filePath(QStringLiteral("no-such-folder"))), 0);
-    // Still routing after all that.
-    manager->sendCmd(kAlpha, QStringLiteral("STILL_ALIVE"), QVariant());
-    QCOMPARE(TestJournal::count(kAlpha + QStringLiteral(" STILL_ALIVE")), 1);
-}
-
-void TstCQPluginManager::initGetsHostAndMetadata()
-{
-    QObject host;
-    host.setObjectName(QStringLiteral("tstHost"));
-    CQPluginManager* manager = CQPluginManager::singleInstance();
-    manager->setHost(&host);
-    QString const dir = makePluginDir({QStringLiteral("tst_b_bridge")});
-
-    QVERIFY(manager->loadPlugin(dir + QStringLiteral("/libtst_b_bridge.so")));
-    // The marker the metadata test relies on does show up once code runs.
-    QCOMPARE(TestJournal::count(kBridge + QStringLiteral(" code loaded")), 1);
-    QCOMPARE(TestJournal::count(kBridge + QStringLiteral(" init host=tstHost")), 1);
-    // Registered before init: its own command sent from init reached it.
-    QCOMPARE(TestJournal::count(kBridge + QStringLiteral(" TST_SELF_PING")), 1);
-    CQBasePlugin* plugin = CQPluginManager::plugin(kBridge);
-    QVERIFY(plugin);
-    QVariantMap const info = plugin->info().toMap();
-    QCOMPARE(info.value(QStringLiteral("id")).toString(), kBridge);
-    QCOMPARE(info.value(QStringLiteral("version")).toString(), QStringLiteral("1.0.0.1"));
-    QCOMPARE(info.value(QStringLiteral("path")).toString(), QStringLiteral("libtst_b_bridge.so"));
-    QCOMPARE(plugin->pluginId(), kBridge);
-}
-
-void TstCQPluginManager::everyPluginHearsEveryInstallOnce_data()
-{
-    QTest::addColumn<QString>("listener");
-    QTest::addColumn<QString>("installed");
-    for (QString const& listener : {kBase, kBridge, kAlpha}) {
-        for (QString const& installed : {kBase, kBridge, kAlpha})
-            QTest::addRow("%s hears %s", qPrintable(listener), qPrintable(installed)) << listener << installed;
-    }
-}
-
-void TstCQPluginManager::everyPluginHearsEveryInstallOnce()
-{
-    QFETCH(QString, listener);
-    QFETCH(QString, installed);
-    QString const dir = makePluginDir({QStringLiteral("tst_a_alpha"), QStringLiteral("tst_b_bridge"),
-                                       QStringLiteral("tst_c_base")});
-    QCOMPARE(CQPluginManager::singleInstance()->loadPlugins(dir), 3);
-    QCOMPARE(TestJournal::count(listener + QStringLiteral(" " PLUGINMANAGE_CMDTYPE_INSTALL " ") + installed), 1);
-}
-
-void TstCQPluginManager::duplicateIdIsRefused()
-{
-    QString const dir = makePluginDir({QStringLiteral("tst_a_alpha")});
-    CQPluginManager* manager = CQPluginManager::singleInstance();
-    QVERIFY(manager->loadPlugin(dir + QStringLiteral("/libtst_a_alpha.so")));
-    QVERIFY(!manager->loadPlugin(builtModule(QStringLiteral("tst_a_alpha"))));
-    QCOMPARE(manager->pluginIds(), QStringList{kAlpha});
-    QCOMPARE(TestJournal::count(kAlpha + QStringLiteral(" init host=null")), 1);
-}
-
-void TstCQPluginManager::unloadAnnouncesAndDeletes()
-{
-    QString const dir = makePluginDir({QStringLiteral("tst_a_alpha"), QStringLiteral("tst_c_base")});
-    CQPluginManager* manager = CQPluginManager::singleInstance();
-    QCOMPARE(manager->loadPlugins(dir), 2);
-    QSignalSpy unloaded(manager, &CQPluginManager::sig_pluginUnloaded);
-    TestJournal::clear();
-
-    QVERIFY(manager->unloadPlugin(kAlpha));
-    QVERIFY(!manager->unloadPlugin(kAlpha));
-    QCOMPARE(TestJournal::lines(), (QStringList{kAlpha + QStringLiteral(" unInit"),
-                                                kBase + QStringLiteral(" " PLUGINMANAGE_CMDTYPE_UNSTALL " ") + kAlpha,
-                                                kAlpha + QStringLiteral(" deleted")}));
-    QCOMPARE(unloaded.count(), 1);
-    QVERIFY(!CQPluginManager::plugin(kAlpha));
-    QCOMPARE(manager->pluginIds(), QStringList{kBase});
-}
-
-void TstCQPluginManager::unloadAllGoesInReverseOrder()
-{
-    QString const dir = makePluginDir({QStringLiteral("tst_a_alpha"), QStringLiteral("tst_b_bridge"),
-                                       QStringLiteral("tst_c_base")});
-    CQPluginManager* manager = CQPluginManager::singleInstance();
-    QCOMPARE(manager->loadPlugins(dir), 3);
-    TestJournal::clear();
-
-    CQPluginManager::UninitInstance(true);
-    QStringList uninits;
-    for (QString const& line : TestJournal::lines()) {
-        if (line.endsWith(QLatin1String(" unInit")))
-            uninits.append(line.section(QLatin1Char(' '), 0, 0));
-    }
-    QCOMPARE(uninits, (QStringList{kAlpha, kBridge, kBase}));
-    QVERIFY(!CQPluginManager::plugin(kBase));
-}
 
 QTEST_GUILESS_MAIN(TstCQPluginManager)
 #include "tst_cqpluginmanager.moc"

@@ -4,39 +4,37 @@
 #include "framelinkproxy.h"
 #include "framelinkproxyinterface.h"
 
+#include <QPointer>
 #include <QSignalSpy>
 #include <QWidget>
 #include <QtTest>
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 namespace {
 
-// Knows a fixed set of pages and notes every question in a shared list.
+QStringList g_asked;   // every question, as the name of the interface asked
+
+// Knows a fixed set of pages; meant to be mounted under its own name.
 class PageHolder : public FrameLinkProxyInterface
 {
 public:
-    PageHolder(QString label, QStringList pages, QStringList* asked)
-        : m_label(std::move(label)), m_pages(std::move(pages)), m_asked(asked)
-    {
-    }
+    PageHolder(QString name, QStringList pages) : name(std::move(name)), m_pages(std::move(pages)) {}
 
-    bool gotoChildObject(QString const& name) override
+    bool gotoChildObject(QString const& page) override
     {
-        m_asked->append(m_label);
+        g_asked.append(name);
         if (onAsked)
             onAsked();
-        return m_pages.contains(name);
+        return m_pages.contains(page);
     }
 
+    QString const name;
     std::function<void()> onAsked;
 
 private:
-    QString m_label;
     QStringList m_pages;
-    QStringList* m_asked;
 };
 
 } // namespace
@@ -46,154 +44,93 @@ class TstFrameLinkProxy : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup();
+    void init() { g_asked.clear(); }
+    void cleanup() { FrameLinkProxy::UninitInstance(true); }
 
-    void gotoOrder_data();
-    void gotoOrder();
-    void mountRules();
-    void destroyedInterfaceUnmountsItself();
-    void remountUnderAnotherName();
-    void interfaceUnmountedWhileAskingIsSkipped();
-    void frameWidgetIsForgottenWhenDeleted();
-    void frameWidgetIsKnownWhenMountIsAnnounced();
-};
-
-void TstFrameLinkProxy::cleanup()
-{
-    FrameLinkProxy::UninitInstance(true);
-}
-
-void TstFrameLinkProxy::gotoOrder_data()
-{
-    QTest::addColumn<QString>("page");
-    QTest::addColumn<bool>("found");
-    QTest::addColumn<QStringList>("asked");
-    // Mounted in this order: "Nav" (pages home, scan), "Other" (scan, logs),
-    // "SettingCentreWidget" (itself, general).
-    QTest::newRow("first in mount order that has it") << "scan" << true << QStringList{"Nav"};
-    QTest::newRow("later one when earlier refuse") << "logs" << true << QStringList{"Nav", "Other"};
-    QTest::newRow("the interface mounted under the name goes first")
-        << "SettingCentreWidget" << true << QStringList{"Settings"};
-    QTest::newRow("nobody has it: everyone asked once") << "missing" << false << QStringList{"Nav", "Other", "Settings"};
-    QTest::newRow("named interface refusing is not asked twice")
-        << "Other" << false << QStringList{"Other", "Nav", "Settings"};
-    QTest::newRow("empty name") << "" << false << QStringList{"Nav", "Other", "Settings"};
-}
-
-void TstFrameLinkProxy::gotoOrder()
-{
-    QFETCH(QString, page);
-    QFETCH(bool, found);
-    QFETCH(QStringList, asked);
-    QStringList log;
-    PageHolder nav(QStringLiteral("Nav"), {QStringLiteral("home"), QStringLiteral("scan")}, &log);
-    PageHolder other(QStringLiteral("Other"), {QStringLiteral("scan"), QStringLiteral("logs")}, &log);
-    PageHolder settings(QStringLiteral("Settings"), {QStringLiteral("SettingCentreWidget"), QStringLiteral("general")},
-                        &log);
-    QVERIFY(nav.mount(QStringLiteral("Nav"), nullptr));
-    QVERIFY(other.mount(QStringLiteral("Other"), nullptr));
-    QVERIFY(settings.mount(QStringLiteral("SettingCentreWidget"), nullptr));
-
-    QCOMPARE(FrameLinkProxy::singleInstance()->gotoPageByObjName(page), found);
-    QCOMPARE(log, asked);
-}
-
-void TstFrameLinkProxy::mountRules()
-{
-    QStringList log;
-    PageHolder a(QStringLiteral("A"), {}, &log);
-    PageHolder b(QStringLiteral("B"), {}, &log);
-    FrameLinkProxy* proxy = FrameLinkProxy::singleInstance();
-    QSignalSpy mounted(proxy, &FrameLinkProxy::sig_mounted);
-
-    QVERIFY(a.mount(QStringLiteral("NavigateWidget_MainWindow"), nullptr));
-    QVERIFY(!b.mount(QStringLiteral("NavigateWidget_MainWindow"), nullptr));
-    QVERIFY(!proxy->mount(QString(), &b));
-    QVERIFY(!proxy->mount(QStringLiteral("x"), nullptr));
-    QCOMPARE(proxy->find(QStringLiteral("NavigateWidget_MainWindow")), &a);
-    QCOMPARE(b.mountName(), QString());
-    QCOMPARE(mounted.count(), 1);
-    QVERIFY(proxy->unmount(QStringLiteral("NavigateWidget_MainWindow")));
-    QVERIFY(!proxy->unmount(QStringLiteral("NavigateWidget_MainWindow")));
-    QVERIFY(b.mount(QStringLiteral("NavigateWidget_MainWindow"), nullptr));
-}
-
-void TstFrameLinkProxy::destroyedInterfaceUnmountsItself()
-{
-    QStringList log;
-    FrameLinkProxy* proxy = FrameLinkProxy::singleInstance();
-    QSignalSpy unmounted(proxy, &FrameLinkProxy::sig_unmounted);
+    void gotoOrder_data()
     {
-        PageHolder gone(QStringLiteral("Gone"), {QStringLiteral("page")}, &log);
-        QVERIFY(gone.mount(QStringLiteral("Gone"), nullptr));
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<bool>("found");
+        QTest::addColumn<QStringList>("asked");
+        // Mounted in this order: Nav (home, scan), Other (scan, logs),
+        // SettingCentreWidget (SettingCentreWidget, general).
+        QStringList const everyone{"Nav", "Other", "SettingCentreWidget"};
+        QTest::newRow("first in mount order that has it") << "scan" << true << QStringList{"Nav"};
+        QTest::newRow("later one when earlier refuse") << "logs" << true << QStringList{"Nav", "Other"};
+        QTest::newRow("the interface mounted under the name goes first")
+            << "SettingCentreWidget" << true << QStringList{"SettingCentreWidget"};
+        QTest::newRow("nobody has it: everyone asked once") << "missing" << false << everyone;
+        QTest::newRow("named interface refusing is not asked twice")
+            << "Other" << false << QStringList{"Other", "Nav", "SettingCentreWidget"};
     }
-    QCOMPARE(unmounted.count(), 1);
-    QVERIFY(proxy->names().isEmpty());
-    QVERIFY(!proxy->gotoPageByObjName(QStringLiteral("page")));
-    QVERIFY(log.isEmpty());
 
-    // And after the proxy itself is gone, an interface dies quietly.
-    auto late = std::make_unique<PageHolder>(QStringLiteral("Late"), QStringList{}, &log);
-    QVERIFY(late->mount(QStringLiteral("Late"), nullptr));
-    FrameLinkProxy::UninitInstance(true);
-    late.reset();
-    QVERIFY(!FrameLinkProxy::existingInstance());
-}
+    void gotoOrder()
+    {
+        QFETCH(QString, page);
+        QFETCH(bool, found);
+        QFETCH(QStringList, asked);
+        PageHolder nav("Nav", {"home", "scan"});
+        PageHolder other("Other", {"scan", "logs"});
+        PageHolder settings("SettingCentreWidget", {"SettingCentreWidget", "general"});
+        for (PageHolder* holder : {&nav, &other, &settings})
+            QVERIFY(holder->mount(holder->name, nullptr));
+        QCOMPARE(FrameLinkProxy::singleInstance()->gotoPageByObjName(page), found);
+        QCOMPARE(g_asked, asked);
+    }
 
-void TstFrameLinkProxy::remountUnderAnotherName()
-{
-    QStringList log;
-    PageHolder a(QStringLiteral("A"), {}, &log);
-    QVERIFY(a.mount(QStringLiteral("first"), nullptr));
-    QVERIFY(a.mount(QStringLiteral("second"), nullptr));
-    QCOMPARE(FrameLinkProxy::singleInstance()->names(), QStringList{QStringLiteral("second")});
-    QCOMPARE(a.mountName(), QStringLiteral("second"));
-    a.unmount();
-    QVERIFY(FrameLinkProxy::singleInstance()->names().isEmpty());
-}
+    void mountRules()
+    {
+        QString const name = QStringLiteral("NavigateWidget_MainWindow");
+        PageHolder a("A", {});
+        PageHolder b("B", {});
+        FrameLinkProxy* proxy = FrameLinkProxy::singleInstance();
+        auto* widget = new QWidget;
+        // The frame widget is already known when the mount is announced.
+        QPointer<QWidget> seen;
+        connect(proxy, &FrameLinkProxy::sig_mounted, this, [&](QString n) { seen = proxy->find(n)->frameWidget(); });
 
-void TstFrameLinkProxy::interfaceUnmountedWhileAskingIsSkipped()
-{
-    QStringList log;
-    PageHolder first(QStringLiteral("First"), {}, &log);
-    auto second = std::make_unique<PageHolder>(QStringLiteral("Second"), QStringList{QStringLiteral("p")}, &log);
-    PageHolder third(QStringLiteral("Third"), {QStringLiteral("p")}, &log);
-    QVERIFY(first.mount(QStringLiteral("First"), nullptr));
-    QVERIFY(second->mount(QStringLiteral("Second"), nullptr));
-    QVERIFY(third.mount(QStringLiteral("Third"), nullptr));
-    first.onAsked = [&second]() { second.reset(); };
+        QVERIFY(a.mount(name, widget));
+        QCOMPARE(seen.data(), widget);
+        QVERIFY(!b.mount(name, nullptr));   // first mount wins
+        QVERIFY(!proxy->mount(QString(), &b));
+        QVERIFY(!proxy->mount(QStringLiteral("x"), nullptr));
+        QCOMPARE(proxy->find(name), &a);
+        QCOMPARE(b.mountName(), QString());
+        delete widget;
+        QCOMPARE(a.frameWidget(), nullptr);
 
-    QVERIFY(FrameLinkProxy::singleInstance()->gotoPageByObjName(QStringLiteral("p")));
-    QCOMPARE(log, (QStringList{QStringLiteral("First"), QStringLiteral("Third")}));
-}
+        // Mounting again moves the interface to the new name.
+        QVERIFY(a.mount(QStringLiteral("second"), nullptr));
+        QCOMPARE(proxy->names(), QStringList{QStringLiteral("second")});
+        QVERIFY(b.mount(name, nullptr));
+        QVERIFY(proxy->unmount(name));
+        QVERIFY(!proxy->unmount(name));
+        a.unmount();
+        QVERIFY(proxy->names().isEmpty());
+    }
 
-void TstFrameLinkProxy::frameWidgetIsForgottenWhenDeleted()
-{
-    QStringList log;
-    PageHolder a(QStringLiteral("A"), {}, &log);
-    auto* widget = new QWidget;
-    QVERIFY(a.mount(QStringLiteral("A"), widget));
-    QCOMPARE(a.frameWidget(), widget);
-    delete widget;
-    QCOMPARE(a.frameWidget(), nullptr);
-}
-
-void TstFrameLinkProxy::frameWidgetIsKnownWhenMountIsAnnounced()
-{
-    QStringList log;
-    PageHolder a(QStringLiteral("A"), {}, &log);
-    QWidget widget;
-    FrameLinkProxy* proxy = FrameLinkProxy::singleInstance();
-    QWidget* seen = nullptr;
-    QString seenName;
-    connect(proxy, &FrameLinkProxy::sig_mounted, this, [&](QString name) {
-        seen = proxy->find(name)->frameWidget();
-        seenName = proxy->find(name)->mountName();
-    });
-    QVERIFY(a.mount(QStringLiteral("NavigateWidget_MainWindow"), &widget));
-    QCOMPARE(seen, &widget);
-    QCOMPARE(seenName, QStringLiteral("NavigateWidget_MainWindow"));
-}
+    void interfacesThatGoAway()
+    {
+        FrameLinkProxy* proxy = FrameLinkProxy::singleInstance();
+        QSignalSpy unmounted(proxy, &FrameLinkProxy::sig_unmounted);
+        {
+            PageHolder first("First", {});
+            auto second = std::make_unique<PageHolder>("Second", QStringList{"p"});
+            PageHolder third("Third", {"p"});
+            for (PageHolder* holder : {&first, second.get(), &third})
+                QVERIFY(holder->mount(holder->name, nullptr));
+            // Second, destroyed while First is asked, unmounts itself and is skipped.
+            first.onAsked = [&second]() { second.reset(); };
+            QVERIFY(proxy->gotoPageByObjName(QStringLiteral("p")));
+            QCOMPARE(g_asked, (QStringList{"First", "Third"}));
+            QCOMPARE(unmounted.count(), 1);
+            QCOMPARE(proxy->names(), (QStringList{"First", "Third"}));
+            // The others outlive the proxy and then die quietly.
+            FrameLinkProxy::UninitInstance(true);
+        }
+        QVERIFY(!FrameLinkProxy::existingInstance());
+    }
+};
 
 QTEST_MAIN(TstFrameLinkProxy)
 #include "tst_framelinkproxy.moc"
