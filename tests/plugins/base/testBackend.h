@@ -5,15 +5,14 @@
 
 #include <QAtomicInt>
 #include <QMutex>
-#include <QMutexLocker>
 #include <QThread>
 
 #include <memory>
 
-// A backend the test drives: the stored close action, the exit policy and
-// password, whether a weak-password request is acknowledged, and which thread
-// asked whether the backend is ready. It stands behind the real bridges.
-// No Q_OBJECT: it adds no signals, and the header is not moc'ed on its own.
+// A backend the test drives (stored close action, exit policy and password,
+// whether a weak-password request is acknowledged) and watches (writes, weak
+// password requests, the thread that asked whether it is ready). It stands
+// behind the real bridges. No Q_OBJECT: the header is not moc'ed on its own.
 class TestBackend : public QuorixBackend
 {
 public:
@@ -23,8 +22,6 @@ public:
     QAtomicInt weakPasswdRequests{0};
     QAtomicInt writes{0};
     QString exitPassword = QStringLiteral("s3cret");
-    unsigned int days = 42;
-    quint64 info = 7;
 
     QThread* readyThread()
     {
@@ -40,8 +37,8 @@ public:
     }
     QString clientVersion() override { return QStringLiteral("10.0.0.7550"); }
     QString virusDataVersion() override { return QStringLiteral("2024.05.01"); }
-    unsigned int guardDays() override { return days; }
-    quint64 baseInfo() override { return info; }
+    unsigned int guardDays() override { return 42; }
+    quint64 baseInfo() override { return 7; }
     int requestWeakPasswdCheck() override
     {
         weakPasswdRequests.fetchAndAddRelaxed(1);
@@ -54,10 +51,9 @@ public:
     __sSettingData readSetting(QString const& typeName) override
     {
         __sSettingData data;
-        if (typeName != QLatin1String("_SETTING_COMMON_") && typeName != QLatin1String("SETTING_COMMON")) {
-            data.key = -1;
+        data.key = -1;
+        if (typeName != QLatin1String("_SETTING_COMMON_") && typeName != QLatin1String("SETTING_COMMON"))
             return data;
-        }
         _SETTING_COMMON_ common;
         common.closeAction = closeAction.loadRelaxed();
         data.key = 0;
@@ -84,8 +80,7 @@ public:
     QList<_VERINFO_> libraryVersions(int) override { return {}; }
     int unreadMessageCount() override { return 0; }
 
-    // Installs a fresh one behind every bridge; the simulated backend comes
-    // back when the returned pointer's owner calls restore().
+    // A fresh one behind every bridge; restore() brings the simulated backend back.
     static std::shared_ptr<TestBackend> install()
     {
         auto backend = std::make_shared<TestBackend>();

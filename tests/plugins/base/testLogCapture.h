@@ -6,22 +6,19 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-// Sends every record from level 1 up into a fresh file of its own for the
-// lifetime of the object, and reads back the message part of each line (the
-// text after the "function:line " field), which is exactly what the code
-// formatted.
+// Sends every record from level 1 up into a file of its own while it lives;
+// a record's message is the end of its line, exactly as the code formatted it.
 class TestLogCapture
 {
 public:
     TestLogCapture()
+        : m_path(m_dir.filePath(QStringLiteral("capture.log")))
+        , m_previousPath(CLogDebug::singleInstance()->filePath())
+        , m_previousLevel(CLogDebug::singleInstance()->minimumLevel())
     {
-        m_path = m_dir.filePath(QStringLiteral("capture.log"));
-        m_previousLevel = CLogDebug::singleInstance()->minimumLevel();
-        m_previousPath = CLogDebug::singleInstance()->filePath();
         CLogDebug::singleInstance()->setFilePath(m_path.toStdString());
         CLogDebug::singleInstance()->setMinimumLevel(1);
     }
-
     ~TestLogCapture()
     {
         CLogDebug::singleInstance()->setFilePath(m_previousPath);
@@ -36,20 +33,7 @@ public:
         return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
 
-    // Lines whose message ends with `text`.
-    QStringList matching(QString const& text) const
-    {
-        QStringList out;
-        for (QString const& line : lines()) {
-            if (line.endsWith(text))
-                out << line;
-        }
-        return out;
-    }
-
-    int count(QString const& text) const { return matching(text).size(); }
-
-    // Position of the first line ending with `text`, -1 if none.
+    // Position of the first line whose message is `text`, -1 if none.
     int indexOf(QString const& text) const
     {
         QStringList const all = lines();
@@ -60,9 +44,17 @@ public:
         return -1;
     }
 
+    int count(QString const& text) const
+    {
+        int n = 0;
+        for (QString const& line : lines())
+            n += line.endsWith(text);
+        return n;
+    }
+
 private:
     QTemporaryDir m_dir;
     QString m_path;
     std::string m_previousPath;
-    int m_previousLevel = 2;
+    int m_previousLevel;
 };

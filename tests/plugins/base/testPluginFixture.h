@@ -4,15 +4,17 @@
 #include "cqbaseplugin.h"
 #include "cqmainwindow.h"
 #include "cqpluginmanager.h"
+#include "spluginregisteritem.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QPointer>
+#include <QSignalSpy>
 #include <QStringList>
 
 // A base plugin on a real main window, registered with the real plugin
 // manager under "EPLUGIN_ID_BASE" so that what it sends to itself comes back
-// through execCmd, as in the client. Other plugin ids can be stood in by plain
-// CQBasePlugin objects (they answer nothing, they are only present).
+// through execCmd, as in the client. Other plugin ids are stood in by plain
+// CQBasePlugin objects (present, answering nothing).
 class TestPluginFixture
 {
 public:
@@ -25,7 +27,6 @@ public:
         m_plugin = new BasePlugin();
         manager()->addPlugin(m_plugin, QStringLiteral("EPLUGIN_ID_BASE"));
     }
-
     ~TestPluginFixture()
     {
         for (QString const& id : qAsConst(m_extra))
@@ -61,3 +62,39 @@ private:
     QPointer<BasePlugin> m_plugin;
     QStringList m_extra;
 };
+
+inline sPluginRegisterItem record(QObject* object, int index, QVariant const& extra = QVariant())
+{
+    sPluginRegisterItem item;
+    item.object = object;
+    item.index = index;
+    item.extra = extra;
+    return item;
+}
+
+// QSignalSpy keeps a QVariant argument wrapped in another QVariant.
+inline QVariant unwrap(QVariant const& v)
+{
+    return v.userType() == QMetaType::QVariant ? v.value<QVariant>() : v;
+}
+
+// How many recorded emissions carry `value` as argument `at`.
+inline int countArg(QSignalSpy const& spy, int at, QString const& value)
+{
+    int n = 0;
+    for (QList<QVariant> const& args : spy)
+        n += args.at(at).toString() == value;
+    return n;
+}
+
+// Visible top-level windows of one type.
+template <typename T>
+QList<T*> openWindows()
+{
+    QList<T*> out;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (auto* t = qobject_cast<T*>(w); t && t->isVisible())
+            out << t;
+    }
+    return out;
+}

@@ -1,0 +1,211 @@
+// The built module as the host sees it (metadata read without loading code,
+// the entry point, a load through the real plugin manager) and its teardown:
+// the fixed order, deferred deletion, the two debug lines, no crash whoever
+// goes first.
+
+#include "baseCmdDefine.h"
+#include "basepluginmodeldatainterface.h"
+#include "cqmenu.h"
+#include "cqthreadobjprecisiontimer.h"
+#include "goodsShelf.h"
+#include "mainWinTitleBar.h"
+#include "navigatewidget.h"
+#include "testLogCapture.h"
+#include "testPluginFixture.h"
+
+#include <QFileInfo>
+#include <QJsonObject>
+#include <QLabel>
+#include <QPluginLoader>
+#include <QTimer>
+#include <QtTest>
+
+#include <algorithm>
+
+namespace {
+
+QString pluginDir()
+{
+    return qEnvironmentVariable("QUORIX_ROOT") + QStringLiteral("/lib/plugins-gui");
+}
+
+QString basePluginPath()
+{
+    return pluginDir() + QStringLiteral("/libui_base_plugin.so");
+}
+
+QString const kPrivateLine = QStringLiteral("[BasePluginPrivate] delete BasePluginPrivate obj");
+QString const kPluginLine = QStringLiteral("[BasePlugin] delete BasePlugin obj");
+
+// The plugin's parts, watched across its destruction.
+struct Parts {
+    QList<QPointer<QObject>> all;
+    explicit Parts(BasePlugin* p)
+        : all{p->navigateWidget(), p->titleBar(), p->goodsShelf(), p->trayHintLabel(), p->rightTopMenu(), p->dataTimer()}
+    {
+    }
+    int alive() const { return int(std::count_if(all.begin(), all.end(), [](auto const& o) { return !o.isNull(); })); }
+};
+
+} // namespace
+
+class TestBasePluginLifecycle : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY2(QFileInfo::exists(basePluginPath()), qPrintable(basePluginPath())); }
+
+    // The block the host reads without running any of the plugin's code.
+    void metaData()
+    {
+        QPluginLoader loader(basePluginPath());
+        QJsonObject const meta = loader.metaData();
+        QVERIFY(!loader.isLoaded());
+        QCOMPARE(meta.value("IID").toString(), QStringLiteral("org.quorix.dravoforlinux.BasePlugin/1.0"));
+        QCOMPARE(meta.value("className").toString(), QStringLiteral("BasePlugin"));
+        QJsonObject const own = meta.value("MetaData").toObject();
+        QCOMPARE(own.keys(), (QStringList{"id", "path", "version"}));
+        QCOMPARE(own.value("id").toString(), QStringLiteral("EPLUGIN_ID_BASE"));
+        QCOMPARE(own.value("version").toString(), QStringLiteral("1.0.0.7550"));
+        QCOMPARE(own.value("path").toString(), QStringLiteral("lib/plugins-gui/libui_base_plugin.so"));
+        QCOMPARE(CQPluginManager::readPluginId(basePluginPath()), QStringLiteral("EPLUGIN_ID_BASE"));
+    }
+
+    // qt_plugin_instance keeps one instance in a guarded static: while it
+    // lives every loader gets the same object; once it is gone, a fresh one.
+    void entryPointReturnsOneInstance()
+    {
+        QPluginLoader first(basePluginPath());
+        QPluginLoader second(basePluginPath());
+        QObject* a = first.instance();
+        QVERIFY2(qobject_cast<CQBasePlugin*>(a), qPrintable(first.errorString()));
+        QCOMPARE(second.instance(), a);
+        delete a;
+        QObject* b = first.instance();
+        QVERIFY(b);
+        QCOMPARE(b->metaObject()->className(), "BasePlugin");
+        delete b;
+    }
+
+    void throughPluginManager()
+    {
+        CQPluginManager* manager = CQPluginManager::singleInstance();
+        CQMainWindow main;
+        main.resize(1000, 580);
+        main.setBodyMountName(QStringLiteral("NavigateWidget_MainWindow"));
+        manager->setHost(&main);
+        QSignalSpy commands(manager, &CQPluginManager::sig_command);
+
+        QVERIFY(manager->loadPlugins(pluginDir()) >= 1);
+        QCOMPARE(manager->pluginIds().value(0), QStringLiteral("EPLUGIN_ID_BASE"));
+        QPointer<CQBasePlugin> base = CQPluginManager::plugin(QStringLiteral("EPLUGIN_ID_BASE"));
+        QVERIFY(base);
+        QCOMPARE(base->info().toMap().value(QStringLiteral("version")).toString(), QStringLiteral("1.0.0.7550"));
+        QCOMPARE(main.titleWidget()->objectName(), QStringLiteral("MainWinTitleBar"));
+        QCOMPARE(main.bodyWidget()->objectName(), QStringLiteral("m_pNavigateBackWin"));
+        // What init sent to itself came back through the bus: the four tray rows.
+        QCOMPARE(countArg(commands, 1, QStringLiteral("BASEPLUGIN_CMD_REGISTER_TRAY")), 4);
+        if (QFileInfo::exists(pluginDir() + QStringLiteral("/libui_bridge_plugin.so"))) {
+            QCOMPARE(manager->pluginIds().value(1), QStringLiteral("EPLUGIN_ID_BRIDGE_BASE"));
+            QCOMPARE(countArg(commands, 1, QStringLiteral("EPLUGIN_ID_BASE_CMD_INIT_CONNECT")), 1);
+        }
+
+        // Another plugin's widget, sent through the manager, lands in the title bar.
+        QWidget widget;
+        manager->sendCmd(QStringLiteral("EPLUGIN_ID_BASE"), QStringLiteral("BASEPLUGIN_CMD_REGISTERWIN2TITLE"),
+                         QVariant::fromValue(record(&widget, 120, 1)));
+        QCOMPARE(widget.parentWidget()->objectName(), QStringLiteral("m_pRightArea"));
+        QVERIFY(main.titleWidget()->isAncestorOf(&widget));
+        // A broadcast reaches it as well: the about entry comes back as a command at 40.
+        commands.clear();
+        manager->broadcast(QStringLiteral("EPLUGIN_ID_ALL_PLUGIN_CMD_RIGHTTOP_POP_SHOW"), QVariant());
+        QCOMPARE(countArg(commands, 1, QStringLiteral("BASEPLUGIN_CMD_REGISTER_MENUITEM")), 1);
+        for (QList<QVariant> const& args : qAsConst(commands)) {
+            if (args.at(1).toString() == QLatin1String("BASEPLUGIN_CMD_REGISTER_MENUITEM"))
+                QCOMPARE(unwrap(args.at(2)).value<sPluginRegisterItem>().index, 40);
+        }
+
+        widget.setParent(nullptr);
+        QPointer<QWidget> title = main.titleWidget();
+        manager->unloadAll();
+        QVERIFY(base.isNull());
+        TestPluginFixture::flushDeletes();
+        QVERIFY(title.isNull());
+        manager->setHost(nullptr);
+    }
+
+    void teardownOrderAndDeferredDeletion()
+    {
+        TestPluginFixture fixture;
+        BasePlugin* plugin = fixture.plugin();
+        plugin->execCmd(PLUGINMANAGE_CMDTYPE_INSTALL, QVariant(QStringLiteral(EPLUGIN_ID_BRIDGE_BASE)));
+        Parts parts(plugin);
+        QCOMPARE(parts.alive(), parts.all.size());
+        QVERIFY(CQThreadObjPrecisionTimer::hasInstance());
+
+        TestLogCapture log;
+        QVERIFY(TestPluginFixture::manager()->unloadPlugin(QStringLiteral("EPLUGIN_ID_BASE")));
+        QCOMPARE(log.count(kPrivateLine), 1);
+        QCOMPARE(log.count(kPluginLine), 1);
+        QVERIFY(log.indexOf(kPrivateLine) < log.indexOf(kPluginLine));
+        QVERIFY(log.lines().at(log.indexOf(kPluginLine)).contains(QStringLiteral(" DEBUG ")));
+        // The clock thread stops at once; widgets go when the event loop next runs.
+        QVERIFY(!CQThreadObjPrecisionTimer::hasInstance());
+        QVERIFY(parts.all[0] && parts.all[1] && parts.all[2] && parts.all[4]);
+        TestPluginFixture::flushDeletes();
+        QCOMPARE(parts.alive(), 0);
+        QVERIFY(!fixture.mainWindow()->titleWidget());
+    }
+
+    void mainWindowDestroyedFirst()
+    {
+        TestPluginFixture fixture;
+        Parts parts(fixture.plugin());
+        delete fixture.mainWindow();
+        TestLogCapture log;
+        TestPluginFixture::manager()->unloadPlugin(QStringLiteral("EPLUGIN_ID_BASE"));
+        TestPluginFixture::flushDeletes();
+        QCOMPARE(log.count(kPluginLine), 1);
+        QCOMPARE(parts.alive(), 0);
+    }
+
+    // Deleted by someone else while the manager still routes to it: what the
+    // destructor sends to itself must not reach the half-destroyed plugin.
+    void deletedWhileStillRouted()
+    {
+        TestPluginFixture fixture;
+        QSignalSpy commands(TestPluginFixture::manager(), &CQPluginManager::sig_command);
+        TestLogCapture log;
+        delete fixture.plugin();
+        QCOMPARE(countArg(commands, 1, BASEPLUGIN_CMD_UNREGISTER_TRAY), 4);
+        QCOMPARE(log.count(kPluginLine), 1);
+        TestPluginFixture::flushDeletes();
+        QVERIFY(!CQPluginManager::plugin(QStringLiteral("EPLUGIN_ID_BASE")));
+    }
+
+    void deletedWithoutInit()
+    {
+        TestLogCapture log;
+        delete new BasePlugin();
+        TestPluginFixture::flushDeletes();
+        QCOMPARE(log.count(kPrivateLine), 1);
+        QCOMPARE(log.count(kPluginLine), 1);
+    }
+
+    void queuedBridgeEventAfterTeardown()
+    {
+        TestPluginFixture fixture;
+        fixture.plugin()->execCmd(PLUGINMANAGE_CMDTYPE_INSTALL, QVariant(QStringLiteral(EPLUGIN_ID_BRIDGE_BASE)));
+        BasePluginModelDataInterface* bridge = BasePluginModelDataInterface::singleInstance();
+        emit bridge->sig_CumulativeGuardDays(3);
+        emit bridge->sig_weakPasswdCheckRecieved();
+        emit bridge->sig_base_info(__sBaseModuleBaseInfo());
+        TestPluginFixture::manager()->unloadPlugin(QStringLiteral("EPLUGIN_ID_BASE"));
+        TestPluginFixture::flushDeletes();
+        QVERIFY(!CQPluginManager::plugin(QStringLiteral("EPLUGIN_ID_BASE")));
+    }
+};
+
+QTEST_MAIN(TestBasePluginLifecycle)
+#include "tst_basePluginLifecycle.moc"
