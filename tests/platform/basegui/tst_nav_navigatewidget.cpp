@@ -52,10 +52,8 @@ private slots:
     void removeCurrentPicksNeighbourAndHandsPageBack();
     void deletedPageIsDroppedSafely();
     void pageDeletedDuringJudge();
-    void lookup_data();
     void lookup();
     void gotoChildObject();
-    void destructorHandsPagesBack();
 };
 
 void TestNavigateWidget::registration()
@@ -167,6 +165,12 @@ void TestNavigateWidget::removeCurrentPicksNeighbourAndHandsPageBack()
     QCOMPARE(nav.currentItem(), &a);
     QCOMPARE(nav.removeItem(&a), 0);
     QCOMPARE(nav.currentItem(), nullptr);
+
+    // A destroyed bar hands its pages back too.
+    auto* other = new NavigateWidget;
+    other->addItem(&a);
+    delete other;
+    QCOMPARE(a.parentWidget(), nullptr);
 }
 
 void TestNavigateWidget::deletedPageIsDroppedSafely()
@@ -206,29 +210,20 @@ void TestNavigateWidget::pageDeletedDuringJudge()
     QCOMPARE(nav.names(), QStringList({"a"}));
 }
 
-void TestNavigateWidget::lookup_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<int>("expected");   // index of the page, -1 for none
-    QTest::newRow("bar name") << QString("常规设置") << 0;
-    QTest::newRow("bar object") << QString("CommonSetting") << 0;
-    QTest::newRow("object name") << QString("PageObjectName") << 1;
-    QTest::newRow("bar name wins over another page's object") << QString("Shadow") << 1;
-    QTest::newRow("unknown") << QString("nothing") << -1;
-    QTest::newRow("empty") << QString() << -1;
-}
-
 void TestNavigateWidget::lookup()
 {
-    QFETCH(QString, key);
-    QFETCH(int, expected);
     NavigateWidget nav;
     TestPage general("常规设置", "CommonSetting");
     TestPage other("Shadow", "OtherKey");
     other.setObjectName("PageObjectName");
     TestPage shadow("third", "Shadow");
     addAll(nav, {&general, &other, &shadow});
-    QCOMPARE(nav.widget(key), expected < 0 ? nullptr : nav.item(expected));
+    QCOMPARE(nav.widget("常规设置"), &general);       // bar name
+    QCOMPARE(nav.widget("CommonSetting"), &general);  // bar object
+    QCOMPARE(nav.widget("PageObjectName"), &other);   // object name
+    QCOMPARE(nav.widget("Shadow"), &other);           // a bar name wins over another page's bar object
+    QCOMPARE(nav.widget("nothing"), nullptr);
+    QCOMPARE(nav.widget(QString()), nullptr);
 }
 
 void TestNavigateWidget::gotoChildObject()
@@ -246,15 +241,6 @@ void TestNavigateWidget::gotoChildObject()
     QVERIFY(FrameLinkProxy::singleInstance()->gotoPageByObjName("aObj"));
     QCOMPARE(nav.currentItem(), &a);
     nav.unmount();
-}
-
-void TestNavigateWidget::destructorHandsPagesBack()
-{
-    auto* nav = new NavigateWidget;
-    TestPage a("a");
-    nav->addItem(&a);
-    delete nav;
-    QCOMPARE(a.parentWidget(), nullptr);
 }
 
 QTEST_MAIN(TestNavigateWidget)

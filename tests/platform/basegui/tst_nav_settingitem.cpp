@@ -2,7 +2,6 @@
 #include "settingsubitemwidget.h"
 
 #include <QPointer>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -56,7 +55,6 @@ private slots:
     void saveFailures();
     void savedOnlyWhenEveryRowIs();
     void rowsRegistration();
-    void saveButtonEmitsSigSave();
 };
 
 void TestSettingItem::init()
@@ -156,15 +154,6 @@ void TestSettingItem::rowsRegistration()
     QVERIFY(a);
     QCOMPARE(a->parentWidget(), nullptr);
     delete a;
-}
-
-void TestSettingItem::saveButtonEmitsSigSave()
-{
-    SettingItemWidget page;
-    QSignalSpy spy(&page, &SettingItemWidget::sig_save);
-    page.saveButton()->click();
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.at(0).at(0).value<QObject*>(), static_cast<QObject*>(page.saveButton()));
 }
 
 QTEST_MAIN(TestSettingItem)

@@ -11,7 +11,6 @@ class TestCountDown : public QObject
     Q_OBJECT
 private slots:
     void buttonReachesZero();
-    void buttonStartedLaterKeepsNewCaption();
     void buttonWithoutCountDown();
     void buttonKindAndLoadingState();
     void receiverMayDeleteButtonAtZero();
@@ -20,24 +19,6 @@ private slots:
 
 void TestCountDown::buttonReachesZero()
 {
-    CQButton button("知道了", CQButton::KIND_SECONDARY, 12, 400);
-    QSignalSpy zero(&button, &CQButton::sig_time_is_zero);
-    QSignalSpy changed(&button, &CQButton::sig_time_changed);
-    button.setTime(2, true);
-    QCOMPARE(button.text(), QString("知道了 (2s)"));
-    QVERIFY(button.isCounting());
-    QVERIFY(zero.wait(5000));
-    QCOMPARE(zero.count(), 1);
-    QCOMPARE(changed.count(), 2);
-    QCOMPARE(changed.at(0).at(0).toInt(), 1);
-    QCOMPARE(changed.at(1).at(0).toInt(), 0);
-    QCOMPARE(button.text(), QString("知道了"));
-    QCOMPARE(button.remainingTime(), 0);
-    QVERIFY(!button.isCounting());
-}
-
-void TestCountDown::buttonStartedLaterKeepsNewCaption()
-{
     CQButton button("关机", CQButton::KIND_PRIMARY, 14, 400);
     QSignalSpy changed(&button, &CQButton::sig_time_changed);
     QSignalSpy zero(&button, &CQButton::sig_time_is_zero);
@@ -45,12 +26,17 @@ void TestCountDown::buttonStartedLaterKeepsNewCaption()
     QCOMPARE(button.text(), QString("关机 (2s)"));
     QVERIFY(!button.isCounting());
     button.startTime();
-    button.setText("重启");
+    button.setText("重启");   // a new caption while counting keeps the count
     QVERIFY(changed.wait(3000));
     QCOMPARE(button.text(), QString("重启 (1s)"));
     QVERIFY(zero.wait(3000));
+    QCOMPARE(zero.count(), 1);
+    QCOMPARE(changed.count(), 2);
+    QCOMPARE(changed.at(1).at(0).toInt(), 0);
     QCOMPARE(button.text(), QString("重启"));
     QCOMPARE(button.plainText(), QString("重启"));
+    QCOMPARE(button.remainingTime(), 0);
+    QVERIFY(!button.isCounting());
 }
 
 void TestCountDown::buttonWithoutCountDown()
@@ -74,8 +60,6 @@ void TestCountDown::buttonKindAndLoadingState()
 {
     for (int kind : { -1, 4 })
         QCOMPARE(CQButton(kind, 12, 400).kind(), int(CQButton::KIND_PRIMARY));
-    QCOMPARE(CQButton(3, 12, 400).kind(), 3);
-
     CQButton button("保存", CQButton::KIND_PRIMARY, 14, 400);
     button.startLoadingStatus(14, "", 15);
     QVERIFY(button.isLoading());

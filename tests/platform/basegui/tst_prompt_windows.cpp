@@ -1,6 +1,7 @@
 #include "cqbutton.h"
 #include "cqinputpassword.h"
 #include "cqnoticeicon.h"
+#include "msgmgrwininterface.h"
 #include "promotwin.h"
 #include "promptdialog.h"
 #include "prompttitlewin.h"
@@ -31,7 +32,7 @@ CQInputPassword::sInfo exitInfo()
 
 } // namespace
 
-// The prompt windows: what they show, what an answer does, and who deletes them.
+// The prompt and message windows: what they show, what an answer does, and who deletes them.
 class TestPromptWindows : public QObject
 {
     Q_OBJECT
@@ -42,16 +43,15 @@ private slots:
     void promotAnswers_data();
     void promotAnswers();
     void promotCountDownClosesUnanswered();
-    void promotReusedWhileOpen();
     void promotModality();
     void dialogExecAnswers_data();
     void dialogExecAnswers();
-    void dialogTitleIgnoresBadColour();
+    void dialogTitleCloseAfterNewLook();
     void passwordSubmit_data();
     void passwordSubmit();
-    void passwordEmptyIsNotSubmitted();
     void passwordErrorState();
     void passwordCancel();
+    void messageWinPreCloseOnce();
 };
 
 // The record is filled positionally by its users; keep the field order.
@@ -73,7 +73,6 @@ void TestPromptWindows::promotParameters_data()
     QTest::addColumn<int>("icon");
     QTest::addColumn<QString>("shownTitle");
     QTest::addColumn<QString>("shownRight");
-    QTest::newRow("notice") << 1 << "通知" << "" << "知道了" << int(CQNoticeIcon::ICON_INFO) << "通知" << "知道了";
     QTest::newRow("quit confirm") << 3 << "" << "取消" << "确定" << int(CQNoticeIcon::ICON_WARNING) << "提示" << "确定";
     QTest::newRow("success, default button") << 2 << "t" << "" << "" << int(CQNoticeIcon::ICON_SUCCESS) << "t" << "确定";
     QTest::newRow("unknown kind") << 42 << "t" << "" << "好" << int(CQNoticeIcon::ICON_INFO) << "t" << "好";
@@ -160,22 +159,6 @@ void TestPromptWindows::promotCountDownClosesUnanswered()
     QTRY_VERIFY(win.isNull());
 }
 
-void TestPromptWindows::promotReusedWhileOpen()
-{
-    PromotWin win;
-    win.setAttribute(Qt::WA_DeleteOnClose, false);
-    PromotWin::sInfo info;
-    info.text = "第一条";
-    info.leftBtnText = "取消";
-    win.setParas(info);
-    win.show();
-    info.text = "第二条";
-    info.leftBtnText.clear();
-    win.setParas(info);
-    QCOMPARE(labelText(&win, "m_pLabText"), QString("第二条"));
-    QVERIFY(win.leftButton()->isHidden());
-}
-
 void TestPromptWindows::promotModality()
 {
     QWidget parent;
@@ -209,20 +192,15 @@ void TestPromptWindows::dialogExecAnswers()
     window.show();
     PromptDialog dialog(PromptDialog::MODE_TWO_ROW_TWO_BTN, "没点击保存，切换标签页会导致已填数据丢失。",
                         "确认要切换标签页吗？", &window);
-    dialog.centreOn(&window);
     QAbstractButton* buttons[] = { dialog.okButton(), dialog.cancelButton(), dialog.titleWin()->closeButton() };
     QTimer::singleShot(0, buttons[which], &QAbstractButton::click);
     QCOMPARE(dialog.exec(), result);
 }
 
-void TestPromptWindows::dialogTitleIgnoresBadColour()
+void TestPromptWindows::dialogTitleCloseAfterNewLook()
 {
     PromptTitleWin title;
     title.setParas(0, "设置中心", false, true);
-    title.setBackgroundColor("#DBEAFF");
-    title.setBackgroundColor("not a colour");
-    QVERIFY(title.styleSheet().contains("#DBEAFF"));
-
     QSignalSpy spy(&title, &PromptTitleWin::sig_close_btn_clicked);
     title.setParas(2, "x", false, true);   // a new look keeps the close signal working
     title.closeButton()->click();
@@ -244,6 +222,9 @@ void TestPromptWindows::passwordSubmit()
     win.show();
     QCOMPARE(win.lineEdit()->echoMode(), QLineEdit::Password);
     QSignalSpy spy(&win, &CQInputPassword::sig_submit);
+    win.okButton()->click();   // nothing typed: not submitted
+    QCOMPARE(win.uiType(), int(CQInputPassword::UITYPE_ERROR));
+    QCOMPARE(labelText(&win, "m_pLabError"), QString("请输入密码"));
     QTest::keyClicks(win.lineEdit(), "p@ss w0rd");
     if (byEnter)
         QTest::keyClick(win.lineEdit(), Qt::Key_Return);
@@ -251,17 +232,6 @@ void TestPromptWindows::passwordSubmit()
         win.okButton()->click();
     QCOMPARE(spy.count(), 1);
     QCOMPARE(spy.at(0).at(0).toString(), QString("p@ss w0rd"));
-}
-
-void TestPromptWindows::passwordEmptyIsNotSubmitted()
-{
-    CQInputPassword win;
-    win.setInfo(exitInfo());
-    QSignalSpy spy(&win, &CQInputPassword::sig_submit);
-    win.okButton()->click();
-    QCOMPARE(spy.count(), 0);
-    QCOMPARE(win.uiType(), int(CQInputPassword::UITYPE_ERROR));
-    QCOMPARE(labelText(&win, "m_pLabError"), QString("请输入密码"));
 }
 
 void TestPromptWindows::passwordErrorState()
@@ -304,6 +274,23 @@ void TestPromptWindows::passwordCancel()
     win.titleWin()->closeButton()->click();
     QCOMPARE(closed.count(), 2);
     QCOMPARE(submitted.count(), 0);
+}
+
+void TestPromptWindows::messageWinPreCloseOnce()
+{
+    QStringList ids;
+    auto* closed = new MsgMgrWinInterface(nullptr, "{id-1}");
+    closed->setAttribute(Qt::WA_DeleteOnClose);
+    QPointer<MsgMgrWinInterface> guard(closed);
+    auto* deleted = new MsgMgrWinInterface(nullptr, "x");
+    for (MsgMgrWinInterface* win : { closed, deleted })
+        connect(win, &MsgMgrWinInterface::sig_preClose, this, [&ids](QString const& id) { ids << id; });
+    closed->show();
+    closed->close();
+    QCOMPARE(ids, QStringList({"{id-1}"}));
+    QTRY_VERIFY(guard.isNull());   // not announced again by the destructor
+    delete deleted;                // never closed: announced once, when deleted
+    QCOMPARE(ids, QStringList({"{id-1}", "x"}));
 }
 
 QTEST_MAIN(TestPromptWindows)
