@@ -5,6 +5,7 @@
 #include "cqpluginmanager.h"
 #include "firstPaintWatcher.h"
 #include "framelinkproxy.h"
+#include "screenshotTaker.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -36,6 +37,8 @@ QuorixGuiHost::Options QuorixGuiHost::parseArguments(QStringList const& argument
             options.silent = true;
         } else if (argument == QLatin1String("--quit-after-show")) {
             options.quitAfterShow = true;
+        } else if (argument == QLatin1String("--screenshot") && i + 1 < arguments.size()) {
+            options.screenshotDir = arguments.at(++i);
         } else if (argument == QLatin1String("--root") && i + 1 < arguments.size()) {
             options.root = arguments.at(++i);
         } else if (argument.startsWith(QLatin1String("--root="))) {
@@ -92,6 +95,12 @@ void QuorixGuiHost::InitUIMainWindow()
     m_pMainWindow->setWindowTitle(kProductName);
     m_pMainWindow->setFixedSize(kWindowWidth, kWindowHeight);
     m_pMainWindow->setBodyMountName(kBodyMountName);
+    if (!m_options.screenshotDir.isEmpty()) {
+        auto* watcher = new FirstPaintWatcher(m_pMainWindow, this);
+        auto* taker = new ScreenshotTaker(m_pMainWindow, m_options.screenshotDir, this);
+        connect(watcher, &FirstPaintWatcher::sig_firstPaint, taker, &ScreenshotTaker::slot_takeAll);
+        connect(taker, &ScreenshotTaker::sig_done, this, [this]() { requestQuit("screenshots taken"); });
+    }
     if (m_options.quitAfterShow) {
         m_pFirstPaintWatcher = new FirstPaintWatcher(m_pMainWindow, this);
         connect(m_pFirstPaintWatcher, &FirstPaintWatcher::sig_firstPaint, this, [this]() {

@@ -20,9 +20,10 @@ public:
         QString root;          // "" = QUORIX_ROOT, else the folder above bin/
         bool silent = false;   // start in the tray, main window hidden
         bool quitAfterShow = false;
+        QString screenshotDir; // render the windows into this folder, then quit
     };
 
-    // Reads --root DIR, --silent and --quit-after-show; anything else is logged
+    // Reads --root DIR, --silent, --quit-after-show and --screenshot DIR; anything else is logged
     // and ignored (a client started by a desktop session must still come up).
     static Options parseArguments(QStringList const& arguments);
     // The install root: `requested`, else $QUORIX_ROOT, else the parent of the

@@ -148,7 +148,9 @@ QString BasePluginModelDataInterface::quorixVersionDisplayText(QString const& fi
     QString text = QStringLiteral("V") + first;
     if (!second.isEmpty())
         text += QLatin1Char('.') + second;
+    // The build number stays in: support staff ask for it, and the navigation's
+    // version label is too narrow for anything wordier.
     if (!third.isEmpty())
-        text += QStringLiteral(" (build %1)").arg(third);
+        text += QLatin1Char('.') + third;
     return text;
 }

@@ -37,7 +37,7 @@ public:
     // but up to four dot-separated numbers, an optional leading "V") gives three
     // empty parts.
     virtual void myVersion2QuorixVersion(QString const& version, QString& first, QString& second, QString& third);
-    // Display text of a split version, e.g. "V10.0.2 (build 7550)"; "" without a first part.
+    // Display text of a split version, e.g. "V10.0.2.7550"; "" without a first part.
     virtual QString quorixVersionDisplayText(QString const& first, QString const& second, QString const& third);
 
 signals:

@@ -27,7 +27,7 @@ CWinAboutPrivate::CWinAboutPrivate(CWinAbout* q)
     : q_ptr(q)
     , m_virusPrefix(QStringLiteral("病毒库版本："))
     , m_clientPrefix(QStringLiteral("客户端版本："))
-    , m_copyright(QStringLiteral("Copyright © 2024 Quorix. All rights reserved."))
+    , m_copyright(QStringLiteral("Copyright © 2026 Quorix. All rights reserved."))
 {
     InitUIWin();
     InitUILogo();

@@ -78,9 +78,9 @@ private slots:
         QTest::addColumn<QStringList>("parts");
         QTest::addColumn<QString>("text");   // what the about window shows of them
         QStringList const junk{QString(), QString(), QString()};
-        QTest::newRow("client") << "3.0.2.7550" << QStringList{"3.0", "2", "7550"} << "V3.0.2 (build 7550)";
-        QTest::newRow("leading V") << "V3.0.2.7550" << QStringList{"3.0", "2", "7550"} << "V3.0.2 (build 7550)";
-        QTest::newRow("blanks around") << " 3.0.2.7550 \n" << QStringList{"3.0", "2", "7550"} << "V3.0.2 (build 7550)";
+        QTest::newRow("client") << "3.0.2.7550" << QStringList{"3.0", "2", "7550"} << "V3.0.2.7550";
+        QTest::newRow("leading V") << "V3.0.2.7550" << QStringList{"3.0", "2", "7550"} << "V3.0.2.7550";
+        QTest::newRow("blanks around") << " 3.0.2.7550 \n" << QStringList{"3.0", "2", "7550"} << "V3.0.2.7550";
         QTest::newRow("three parts") << "3.0.2" << QStringList{"3.0", "2", ""} << "V3.0.2";
         QTest::newRow("one part") << "3" << QStringList{"3", "", ""} << "V3";
         QTest::newRow("empty") << "" << junk << "";
