@@ -73,6 +73,22 @@ int versionFromReleaseFile(char const* path, std::string& version, char const* r
     return 1;
 }
 
+// Runs `parse` over the lines of a release file, logging the two ways that can fail.
+template <typename Parse>
+int versionFromReleaseLines(std::string const& path, char const* caller, Parse parse)
+{
+    std::vector<std::string> lines;
+    if (!CFile::readLines(path, lines)) {
+        BFLogPrintX(BFLOG_WARN, CProbeSysInfo::kLogModule, caller, __LINE__, "读取%s文件失败", path.c_str());
+        return 0;
+    }
+    if (!parse(lines)) {
+        BFLogPrintX(BFLOG_WARN, CProbeSysInfo::kLogModule, caller, __LINE__, "从%s获取系统版本失败", path.c_str());
+        return 0;
+    }
+    return 1;
+}
+
 } // namespace
 
 bool CProbeSysInfo::readField(std::string const& path, char const* key, std::string& value, char const* caller)
@@ -196,18 +212,13 @@ int CProbeSysInfo::get_debian(std::string& version, std::string const& root)
         BFLOG(BFLOG_WARN, kLogModule, "%s文件不存在", path.c_str());
         return 0;
     }
-    std::vector<std::string> lines;
-    if (!CFile::readLines(path, lines)) {
-        BFLOG(BFLOG_WARN, kLogModule, "读取%s文件失败", path.c_str());
-        return 0;
-    }
-    std::string const first = lines.empty() ? std::string() : CStr::toLower(CStr::trimed(lines.front()));
-    if (first.empty()) {
-        BFLOG(BFLOG_WARN, kLogModule, "从%s获取系统版本失败", path.c_str());
-        return 0;
-    }
-    version = first;
-    return 1;
+    return versionFromReleaseLines(path, __FUNCTION__, [&version](std::vector<std::string> const& lines) {
+        std::string const first = lines.empty() ? std::string() : CStr::toLower(CStr::trimed(lines.front()));
+        if (first.empty())
+            return false;
+        version = first;
+        return true;
+    });
 }
 
 int CProbeSysInfo::get_suse(std::string& name, std::string& version, std::string const& path, bool fromOsRelease)
@@ -216,16 +227,9 @@ int CProbeSysInfo::get_suse(std::string& name, std::string& version, std::string
         name = "suse";
         return readField(path, "VERSION_ID", version, __FUNCTION__) ? 1 : 0;
     }
-    std::vector<std::string> lines;
-    if (!CFile::readLines(path, lines)) {
-        BFLOG(BFLOG_WARN, kLogModule, "读取%s文件失败", path.c_str());
-        return 0;
-    }
-    if (!CReleaseText::suseRelease(lines, name, version)) {
-        BFLOG(BFLOG_WARN, kLogModule, "从%s获取系统版本失败", path.c_str());
-        return 0;
-    }
-    return 1;
+    return versionFromReleaseLines(path, __FUNCTION__, [&name, &version](std::vector<std::string> const& lines) {
+        return CReleaseText::suseRelease(lines, name, version);
+    });
 }
 
 int CProbeSysInfo::get_kylin(std::string& version, int& type, std::string const& root)
@@ -265,16 +269,9 @@ int CProbeSysInfo::get_kylin_productinfo(std::string& version, std::string const
         BFLOG(BFLOG_WARN, kLogModule, "%s文件不存在", path.c_str());
         return 0;
     }
-    std::vector<std::string> lines;
-    if (!CFile::readLines(path, lines)) {
-        BFLOG(BFLOG_WARN, kLogModule, "读取%s文件失败", path.c_str());
-        return 0;
-    }
-    if (!CReleaseText::productInfoVersion(lines, version)) {
-        BFLOG(BFLOG_WARN, kLogModule, "从%s获取系统版本失败", path.c_str());
-        return 0;
-    }
-    return 1;
+    return versionFromReleaseLines(path, __FUNCTION__, [&version](std::vector<std::string> const& lines) {
+        return CReleaseText::productInfoVersion(lines, version);
+    });
 }
 
 int CProbeSysInfo::get_neokylin(std::string& version, int& type, std::string const& root)
