@@ -1,4 +1,5 @@
-// Authentication status icon: combined state, title-bar requests, pop-up.
+// Authentication status icon: keyed items, combined state, title-bar
+// requests and the pop-up list.
 
 #include "authMgr.h"
 #include "authMgritem.h"
@@ -11,20 +12,19 @@
 #include <QtTest>
 
 namespace {
-QObject* recordObject(QSignalSpy const& spy, int i)
+
+void press(QWidget* w, QPoint const& at, bool release)
 {
-    return spy.at(i).at(0).value<sPluginRegisterItem>().object;
+    QMouseEvent down(QEvent::MouseButtonPress, at, w->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(w, &down);
+    QMouseEvent up(QEvent::MouseButtonRelease, at, w->mapToGlobal(at), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    if (release)
+        QApplication::sendEvent(w, &up);
 }
 
-void click(QWidget* w)
+QString status(AuthMgr& mgr)
 {
-    QPoint const inside(w->width() / 2, w->height() / 2);
-    QMouseEvent press(QEvent::MouseButtonPress, inside, w->mapToGlobal(inside), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(w, &press);
-    QMouseEvent release(QEvent::MouseButtonRelease, inside, w->mapToGlobal(inside), Qt::LeftButton, Qt::NoButton,
-                        Qt::NoModifier);
-    QApplication::sendEvent(w, &release);
+    return mgr.iconLabel() ? mgr.iconLabel()->property("status").toString() : QString();
 }
 
 class PressCounter : public QWidget
@@ -35,6 +35,7 @@ public:
 protected:
     void mousePressEvent(QMouseEvent*) override { ++presses; }
 };
+
 } // namespace
 
 class TstTargetsAuth : public QObject
@@ -44,19 +45,17 @@ class TstTargetsAuth : public QObject
 private slots:
     void initTestCase()
     {
-#ifdef UI_BASE_HAS_RESOURCES
         Q_INIT_RESOURCE(ui_base);
-#endif
         qRegisterMetaType<sPluginRegisterItem>();
     }
 
+    // Normal as soon as one item is not failed (0).
     void combinedStatus_data()
     {
         QTest::addColumn<QList<int>>("statuses");
         QTest::addColumn<QString>("expected");
         QTest::newRow("one good one failed") << QList<int>{0, 2} << "normal";
         QTest::newRow("all failed") << QList<int>{0, 0, 0} << "error";
-        QTest::newRow("single good") << QList<int>{1} << "normal";
         QTest::newRow("negative counts as good") << QList<int>{-1, 0} << "normal";
     }
     void combinedStatus()
@@ -70,29 +69,13 @@ private slots:
             items.last()->setStatus(statuses.at(i));
             QCOMPARE(mgr.registerItem(items.last()), 0);
         }
-        QVERIFY(mgr.iconLabel());
-        QCOMPARE(mgr.iconLabel()->property("status").toString(), expected);
-        QCOMPARE(mgr.iconLabel()->size(), QSize(24, 24));
+        QCOMPARE(status(mgr), expected);
         qDeleteAll(items);
     }
 
-    void statusChangeRepaintsAndReannounces()
-    {
-        AuthMgr mgr;
-        AuthMgritem item(3);
-        QSignalSpy reg(&mgr, &AuthMgr::sig_registerTitle);
-        mgr.registerItem(&item);
-        QCOMPARE(mgr.iconLabel()->property("status").toString(), QStringLiteral("error"));
-        item.setStatus(1);
-        QCOMPARE(mgr.iconLabel()->property("status").toString(), QStringLiteral("normal"));
-        QCOMPARE(reg.count(), 2);
-        sPluginRegisterItem const record = reg.last().at(0).value<sPluginRegisterItem>();
-        QCOMPARE(record.index, 100);
-        QCOMPARE(record.extra.toInt(), 1);
-        QCOMPARE(record.object, static_cast<QObject*>(mgr.iconLabel()));
-    }
-
-    void repeatIdKeepsFirst()
+    // The first item of an id wins; a status change repaints the icon and
+    // announces it to the title bar again (right area, key 100).
+    void registrationAndStatusChange()
     {
         AuthMgr mgr;
         AuthMgritem first(7), second(7);
@@ -102,41 +85,53 @@ private slots:
         QCOMPARE(mgr.registerItem(&first), 0);
         QCOMPARE(mgr.registerItem(&second), -1);
         QCOMPARE(mgr.items(), (QList<AuthMgritem*>{&first}));
-        QCOMPARE(mgr.iconLabel()->property("status").toString(), QStringLiteral("error"));
+        QCOMPARE(status(mgr), QStringLiteral("error"));
+        QSignalSpy reg(&mgr, &AuthMgr::sig_registerTitle);
+        first.setStatus(1);
+        QCOMPARE(status(mgr), QStringLiteral("normal"));
+        QCOMPARE(reg.count(), 1);
+        sPluginRegisterItem const record = reg.last().at(0).value<sPluginRegisterItem>();
+        QCOMPARE(record.object, static_cast<QObject*>(mgr.iconLabel()));
+        QCOMPARE(record.index, 100);
+        QCOMPARE(record.extra.toInt(), 1);
     }
 
+    // The last item going, by key or by deletion, takes the icon away.
+    void lastItemRemovesTheIcon_data()
+    {
+        QTest::addColumn<bool>("deleted");
+        QTest::newRow("unregistered") << false;
+        QTest::newRow("deleted by its owner") << true;
+    }
     void lastItemRemovesTheIcon()
     {
+        QFETCH(bool, deleted);
         AuthMgr mgr;
-        AuthMgritem item(1);
         QSignalSpy unreg(&mgr, &AuthMgr::sig_unRegisterTitle);
-        mgr.registerItem(&item);
+        QPointer<AuthMgritem> item = new AuthMgritem(1);
+        mgr.registerItem(item);
         QPointer<CQLabel> icon = mgr.iconLabel();
+        QObject* const iconObject = icon.data();
         QCOMPARE(mgr.unRegisterItem(42), -1);
         QCOMPARE(unreg.count(), 0);
-        QCOMPARE(mgr.unRegisterItem(1), 0);
-        QVERIFY(item.isHidden());
-        QCOMPARE(unreg.count(), 1);
-        QCOMPARE(recordObject(unreg, 0), static_cast<QObject*>(icon.data()));
-        QVERIFY(!mgr.iconLabel());
-        QTRY_VERIFY(icon.isNull());
-        // The next registration builds a fresh icon.
-        mgr.registerItem(&item);
-        QVERIFY(mgr.iconLabel());
-    }
-
-    void deletedItemDropsOut()
-    {
-        AuthMgr mgr;
-        QSignalSpy unreg(&mgr, &AuthMgr::sig_unRegisterTitle);
-        auto* item = new AuthMgritem(5);
-        mgr.registerItem(item);
-        delete item;
+        if (deleted)
+            delete item.data();
+        else
+            QCOMPARE(mgr.unRegisterItem(1), 0);
         QTRY_COMPARE(unreg.count(), 1);
-        QVERIFY(mgr.items().isEmpty());
-        QVERIFY(!mgr.iconLabel());
+        QCOMPARE(unreg.at(0).at(0).value<sPluginRegisterItem>().object, iconObject);
+        QVERIFY(mgr.items().isEmpty() && !mgr.iconLabel());
+        QTRY_VERIFY(icon.isNull());
+        if (!deleted) {
+            QVERIFY(item->isHidden());
+            mgr.registerItem(item);   // a fresh icon
+            QVERIFY(mgr.iconLabel());
+            delete item.data();
+        }
     }
 
+    // A click lists the items by id under the icon; a press outside closes
+    // the list, is swallowed, and the items outlive it.
     void popupListsItemsAndClosesOnOutsidePress()
     {
         AuthMgr mgr;
@@ -154,24 +149,18 @@ private slots:
         under.setGeometry(titleBar.geometry().translated(0, 300));
         under.show();
 
-        click(mgr.iconLabel());
+        press(mgr.iconLabel(), QPoint(12, 12), true);
         QPointer<ItemsWin> popup = mgr.itemsWin();
-        QVERIFY(popup);
-        QVERIFY(popup->isVisible());
+        QVERIFY(popup && popup->isVisible());
         QCOMPARE(popup->items(), (QList<QWidget*>{&b, &a}));
         QCOMPARE(popup->height(), 70);
         QPoint const iconTop = mgr.iconLabel()->mapToGlobal(QPoint(0, 0));
-        QCOMPARE(popup->pos(), QPoint(iconTop.x() + 12 - 101, iconTop.y() + 24 + 12));
+        QCOMPARE(popup->pos(), iconTop + QPoint(12 - 101, 24 + 12));
 
-        QPoint const outside(5, 5);
-        QMouseEvent press(QEvent::MouseButtonPress, outside, under.mapToGlobal(outside), Qt::LeftButton,
-                          Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&under, &press);
-        QCOMPARE(under.presses, 0);   // swallowed
+        press(&under, QPoint(5, 5), false);
+        QCOMPARE(under.presses, 0);
         QTRY_VERIFY(popup.isNull());
-        // The items outlive the pop-up.
-        QVERIFY(a.parentWidget() == nullptr);
-        QVERIFY(b.parentWidget() == nullptr);
+        QVERIFY(!a.parentWidget() && !b.parentWidget());
         mgr.iconLabel()->setParent(nullptr);
     }
 };

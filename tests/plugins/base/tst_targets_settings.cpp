@@ -21,14 +21,6 @@
 #include <QtTest>
 
 namespace {
-__sSettingData commonRecord(int key, QVariant const& value)
-{
-    __sSettingData data;
-    data.key = key;
-    data.name = QStringLiteral("_SETTING_COMMON_");
-    data.value = value;
-    return data;
-}
 
 QVariant closeAction(int value)
 {
@@ -48,35 +40,29 @@ void answerNextDialog(bool accept)
 {
     QTimer::singleShot(0, [accept]() {
         auto* dialog = qobject_cast<PromptDialog*>(QApplication::activeModalWidget());
-        if (!dialog) {
+        if (!dialog)
             answerNextDialog(accept);
-            return;
-        }
-        accept ? dialog->accept() : dialog->reject();
+        else
+            accept ? dialog->accept() : dialog->reject();
     });
 }
 
-QStringList toastTexts()
+bool toastShown(QString const& text)
 {
-    QStringList texts;
     for (QWidget* w : QApplication::allWidgets()) {
-        if (auto* toast = qobject_cast<CQToastWidget*>(w))
-            texts << toast->text();
+        if (auto* toast = qobject_cast<CQToastWidget*>(w); toast && toast->text() == text)
+            return true;
     }
-    return texts;
+    return false;
 }
 
-// A second page beside the general one.
 class OtherPage : public SettingItemWidget
 {
 public:
-    OtherPage()
-    {
-        setObjectName(QStringLiteral("OtherPage"));
-    }
     QString getBarName() override { return QStringLiteral("其他设置"); }
     QString getBarObject() override { return QStringLiteral("OtherPage"); }
 };
+
 } // namespace
 
 class TstTargetsSettings : public QObject
@@ -87,26 +73,19 @@ class TstTargetsSettings : public QObject
     CommonSetting* m_pPage = nullptr;
     CloseMainPanelSettingSubItem* m_pRow = nullptr;
 
-    void storeCloseAction(int value)
-    {
-        QVERIFY(SettingPluginModelDataInterface::singleInstance()->setSettingData(closeAction(value)));
-    }
+    void choose(char const* radio) { m_pRow->findChild<QRadioButton*>(QString::fromLatin1(radio))->click(); }
 
 private slots:
     void initTestCase()
     {
-#ifdef UI_BASE_HAS_RESOURCES
         Q_INIT_RESOURCE(ui_base);
-#endif
-        QVERIFY(m_configDir.isValid());
         // Before the first bridge call: the simulated backend keeps its file here.
         qputenv("QUORIX_CONFIG_DIR", m_configDir.path().toUtf8());
-        qputenv("QUORIX_LOG_STDERR", "0");
     }
 
     void init()
     {
-        storeCloseAction(0);
+        QVERIFY(SettingPluginModelDataInterface::singleInstance()->setSettingData(closeAction(0)));
         // The store's change notice is queued; deliver it before any window
         // exists, so it cannot reload a page in the middle of a test.
         QCoreApplication::processEvents();
@@ -123,25 +102,13 @@ private slots:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    void generalPageIdentity()
-    {
-        QCOMPARE(m_pPage->objectName(), QStringLiteral("CommonSetting"));
-        QCOMPARE(m_pPage->getBarObject(), QStringLiteral("CommonSetting"));
-        QCOMPARE(m_pPage->getBarName(), QStringLiteral("常规设置"));
-        QCOMPARE(m_pPage->intProperty(), 200);
-        QCOMPARE(m_pPage->pageData().userType(), qMetaTypeId<_SETTING_COMMON_>());
-        QVERIFY(!QIcon(m_pPage->getSelectedIcon()).isNull());
-    }
-
     void rowShowsStoredRecord_data()
     {
         QTest::addColumn<int>("key");
         QTest::addColumn<QVariant>("value");
         QTest::addColumn<int>("checked");
         QTest::addColumn<bool>("saved");
-        QTest::newRow("minimise") << 0 << closeAction(1) << 1 << true;
         QTest::newRow("ask") << 0 << closeAction(2) << 2 << true;
-        QTest::newRow("quit") << 0 << closeAction(0) << 0 << true;
         QTest::newRow("other key ignored") << 4 << closeAction(2) << 1 << true;
         QTest::newRow("out of range checks none") << 0 << closeAction(9) << -1 << false;
         QTest::newRow("not a record") << 0 << QVariant(2) << 1 << true;
@@ -152,59 +119,48 @@ private slots:
         QFETCH(QVariant, value);
         QFETCH(int, checked);
         QFETCH(bool, saved);
-        m_pRow->slot_updateInfo(commonRecord(0, closeAction(1)));
-        m_pRow->slot_updateInfo(commonRecord(key, value));
+        m_pRow->slot_updateInfo(__sSettingData{0, QStringLiteral("_SETTING_COMMON_"), closeAction(1)});
+        m_pRow->slot_updateInfo(__sSettingData{key, QStringLiteral("_SETTING_COMMON_"), value});
         QCOMPARE(m_pRow->checkedValue(), checked);
         QCOMPARE(m_pRow->slot_isSavedPageInfo(), saved);
     }
 
-    void userEditIsUnsavedUntilSaved()
-    {
-        m_pRow->slot_updateInfo(commonRecord(0, closeAction(1)));
-        m_pRow->findChild<QRadioButton*>(QStringLiteral("m_pRadioBtnAsk"))->click();
-        QCOMPARE(m_pRow->checkedValue(), 2);
-        QVERIFY(!m_pRow->slot_isSavedPageInfo());
-        QVariant data = QVariant::fromValue(_SETTING_COMMON_());
-        QVERIFY(m_pRow->slot_savePageInfo(data));
-        QCOMPARE(data.value<_SETTING_COMMON_>().closeAction, 2);
-        QVERIFY(m_pRow->slot_isSavedPageInfo());
-    }
-
+    // An edit is unsaved until saved through the bridge; a fresh row reads it back.
     void saveRoundTripThroughBridge()
     {
         SettingCentreWidget centre;   // installs the store used by every page
         m_pPage->slot_updatePageInfo();
         QCOMPARE(m_pRow->checkedValue(), 0);
-        m_pRow->findChild<QRadioButton*>(QStringLiteral("m_pRadioBtnMinimize"))->click();
+        choose("m_pRadioBtnMinimize");
+        QVERIFY(!m_pPage->slot_isSavedPageInfo());
         QVERIFY(m_pPage->slot_savePageInfo());
         QCOMPARE(storedCloseAction(), 1);
         QVERIFY(m_pPage->slot_isSavedPageInfo());
-
         CloseMainPanelSettingSubItem fresh;
         QVERIFY(fresh.slot_updatePageInfo());
         QCOMPARE(fresh.checkedValue(), 1);
-        QVERIFY(fresh.slot_isSavedPageInfo());
     }
 
+    // Pages are keyed by their object name: null, unnamed and twin pages are refused.
     void centreRefusesBadPages()
     {
         SettingCentreWidget centre;
         SettingItemWidget unnamed;
+        CommonSetting twin;
         QVERIFY(!centre.addItem(nullptr));
         QVERIFY(!centre.addItem(&unnamed));
         QVERIFY(centre.addItem(m_pPage));
-        CommonSetting twin;
-        QVERIFY(!centre.addItem(&twin));   // same key "CommonSetting"
+        QVERIFY(!centre.addItem(&twin));
         QCOMPARE(centre.itemCount(), 1);
-        QCOMPARE(centre.findItem(QStringLiteral("CommonSetting")), m_pPage);
-        QCOMPARE(centre.findItem(QStringLiteral("常规设置")), m_pPage);
+        QCOMPARE(centre.findItem(QString::fromUtf8("常规设置")), m_pPage);
         QVERIFY(!centre.findItem(QString()));
         QVERIFY(!centre.removeItem(QStringLiteral("nothing")));
         QVERIFY(centre.removeItem(m_pPage->getBarName()));
-        QCOMPARE(centre.itemCount(), 0);
-        QVERIFY(m_pPage->parentWidget() == nullptr);
+        QVERIFY(!m_pPage->parentWidget());
     }
 
+    // The window exists only while open (asking the plugins for their pages
+    // each time); closing hides it; the last page leaving deletes it.
     void managerOpensAndClosesTheWindow()
     {
         CSettingCenterWidgetMgr* mgr = CSettingCenterWidgetMgr::singleInstance();
@@ -212,82 +168,48 @@ private slots:
         mgr->registerItem(m_pPage);   // no window yet: nothing happens
         QVERIFY(!mgr->window());
         connect(mgr, &CSettingCenterWidgetMgr::sig_registerItem, this, [this, mgr]() { mgr->registerItem(m_pPage); });
-
-        QVERIFY(FrameLinkProxy::singleInstance()->gotoPageByObjName(QStringLiteral("SettingCentreWidget")));
-        QCOMPARE(asked.count(), 1);
+        FrameLinkProxy* frame = FrameLinkProxy::singleInstance();
+        QVERIFY(frame->gotoPageByObjName(QStringLiteral("SettingCentreWidget")));
         QPointer<SettingCentreWidget> window = mgr->window();
-        QVERIFY(window);
-        QVERIFY(window->isVisible());
+        QVERIFY(window && window->isVisible());
         QCOMPARE(window->itemCount(), 1);
-        QCOMPARE(window->objectName(), QStringLiteral("SettingCentreWidget"));
-        QVERIFY(window->windowTitle().endsWith(QStringLiteral(" - 设置中心")));
-
-        // Close button: hidden, kept.
         emit window->sig_close();
         QVERIFY(!window->isVisible());
-        QVERIFY(FrameLinkProxy::singleInstance()->gotoPageByObjName(QStringLiteral("SettingCentreWidget")));
+        QVERIFY(frame->gotoPageByObjName(QStringLiteral("CommonSetting")));
         QCOMPARE(asked.count(), 2);
         QCOMPARE(mgr->window(), window.data());
         QCOMPARE(window->itemCount(), 1);   // the repeated registration was refused
-
-        // The page's own name also reaches it through the frame.
-        QVERIFY(FrameLinkProxy::singleInstance()->gotoPageByObjName(QStringLiteral("CommonSetting")));
-
         mgr->unRegisterItem(m_pPage);
         QTRY_VERIFY(window.isNull());
-        QVERIFY(!mgr->window());
-        QVERIFY(m_pPage->parentWidget() == nullptr);
+        QVERIFY(!m_pPage->parentWidget());
     }
 
-    void unsavedEditsAskBeforeSwitching()
+    // Unsaved edits ask before switching pages (by slot or by the navigation)
+    // and before hiding; "no" keeps the edit, "yes" drops it.
+    void unsavedEditsAsk()
     {
         SettingCentreWidget centre;
         OtherPage other;
-        QVERIFY(centre.addItem(m_pPage));
-        QVERIFY(centre.addItem(&other));
+        other.setObjectName(QStringLiteral("OtherPage"));
+        QVERIFY(centre.addItem(m_pPage) && centre.addItem(&other));
         centre.activateShow();
-        QCOMPARE(centre.currentItem(), m_pPage);
-
-        m_pRow->findChild<QRadioButton*>(QStringLiteral("m_pRadioBtnAsk"))->click();
-        QVERIFY(!m_pRow->slot_isSavedPageInfo());
-
+        choose("m_pRadioBtnAsk");
         answerNextDialog(false);
         centre.slot_currentChanged(1);
         QCOMPARE(centre.currentItem(), m_pPage);
-        QCOMPARE(m_pRow->checkedValue(), 2);   // the edit stays
-
-        // The same through a click on the navigation.
-        auto* nav = centre.findChild<NavigateWidget*>(QStringLiteral("NavigateWidget_SettingCenterWidget"));
-        QVERIFY(nav);
+        QCOMPARE(m_pRow->checkedValue(), 2);
         answerNextDialog(false);
-        QVERIFY(!nav->setCurrentItem(&other));
-        QCOMPARE(centre.currentItem(), m_pPage);
-
-        answerNextDialog(true);
-        centre.slot_currentChanged(1);
-        QCOMPARE(centre.currentItem(), &other);
-        QCOMPARE(centre.currentIndex(), 1);
-        QCOMPARE(m_pRow->checkedValue(), 0);   // reloaded from what is stored
-
-        // Switching to the page already shown does nothing.
-        centre.slot_currentChanged(1);
-        QCOMPARE(centre.currentItem(), &other);
-        centre.removeItem(other.getBarName());
-        centre.removeItem(m_pPage->getBarName());
-    }
-
-    void unsavedEditsAskBeforeHiding()
-    {
-        SettingCentreWidget centre;
-        QVERIFY(centre.addItem(m_pPage));
-        centre.activateShow();
-        m_pRow->findChild<QRadioButton*>(QStringLiteral("m_pRadioBtnMinimize"))->click();
+        QVERIFY(!centre.findChild<NavigateWidget*>()->setCurrentItem(&other));
         answerNextDialog(false);
         QVERIFY(!centre.tryHide());
         QVERIFY(centre.isVisible());
+
         answerNextDialog(true);
+        centre.slot_currentChanged(1);
+        QCOMPARE(centre.currentItem(), &other);
+        QCOMPARE(m_pRow->checkedValue(), 0);   // reloaded from what is stored
         QVERIFY(centre.tryHide());
-        QVERIFY(!centre.isVisible());
+        centre.removeItem(other.getBarName());
         centre.removeItem(m_pPage->getBarName());
     }
 
@@ -295,27 +217,15 @@ private slots:
     {
         SettingCentreWidget centre;
         centre.slot_saveCurrentPage(nullptr);   // no page at all
-        QVERIFY(toastTexts().contains(QStringLiteral("设置保存异常")));
-
+        QVERIFY(toastShown(QStringLiteral("设置保存异常")));
         QVERIFY(centre.addItem(m_pPage));
         centre.activateShow();
-        m_pRow->findChild<QRadioButton*>(QStringLiteral("m_pRadioBtnAsk"))->click();
-        QAbstractButton* save = m_pPage->saveButton();
-        save->click();
-        QTRY_VERIFY(toastTexts().contains(QStringLiteral("常规设置 设置保存成功")));
-        QVERIFY(save->isEnabled());
+        choose("m_pRadioBtnAsk");
+        m_pPage->saveButton()->click();
+        QTRY_VERIFY(toastShown(QStringLiteral("常规设置 设置保存成功")));
         QCOMPARE(storedCloseAction(), 2);
-        QVERIFY(m_pRow->slot_isSavedPageInfo());
-        centre.removeItem(m_pPage->getBarName());
-    }
-
-    void storedChangesRefreshOpenPages()
-    {
-        SettingCentreWidget centre;
-        QVERIFY(centre.addItem(m_pPage));
-        QCOMPARE(m_pRow->checkedValue(), 0);
         // Another writer changes the stored value; the open page follows.
-        storeCloseAction(1);
+        QVERIFY(SettingPluginModelDataInterface::singleInstance()->setSettingData(closeAction(1)));
         QTRY_COMPARE(m_pRow->checkedValue(), 1);
         centre.removeItem(m_pPage->getBarName());
     }
