@@ -9,10 +9,9 @@
 
 #include <memory>
 
-// A backend the test drives (stored close action, exit policy and password,
-// whether a weak-password request is acknowledged) and watches (writes, weak
-// password requests, the thread that asked whether it is ready). It stands
-// behind the real bridges. No Q_OBJECT: the header is not moc'ed on its own.
+// A backend behind the real bridges that the test drives (close action, exit
+// policy and password, weak-password acknowledgement) and watches (setting
+// writes, weak-password requests, the thread that asked whether it is ready).
 class TestBackend : public QuorixBackend
 {
 public:
@@ -21,45 +20,30 @@ public:
     QAtomicInt acceptWeakPasswdCheck{1};
     QAtomicInt weakPasswdRequests{0};
     QAtomicInt writes{0};
-    QString exitPassword = QStringLiteral("s3cret");
+    QString const exitPassword = QStringLiteral("s3cret");
 
     QThread* readyThread()
     {
         QMutexLocker lock(&m_mutex);
         return m_readyThread;
     }
-
     bool isReady() override
     {
         QMutexLocker lock(&m_mutex);
         m_readyThread = QThread::currentThread();
         return true;
     }
-    QString clientVersion() override { return QStringLiteral("10.0.0.7550"); }
-    QString virusDataVersion() override { return QStringLiteral("2024.05.01"); }
-    unsigned int guardDays() override { return 42; }
-    quint64 baseInfo() override { return 7; }
     int requestWeakPasswdCheck() override
     {
         weakPasswdRequests.fetchAndAddRelaxed(1);
         return acceptWeakPasswdCheck.loadRelaxed() ? 0 : -1;
     }
-    int shutdown(int) override { return 0; }
-    int reboot() override { return 0; }
-    void trayMenuShown() override {}
-
     __sSettingData readSetting(QString const& typeName) override
     {
-        __sSettingData data;
-        data.key = -1;
-        if (typeName != QLatin1String("_SETTING_COMMON_") && typeName != QLatin1String("SETTING_COMMON"))
-            return data;
         _SETTING_COMMON_ common;
         common.closeAction = closeAction.loadRelaxed();
-        data.key = 0;
-        data.name = typeName;
-        data.value = QVariant::fromValue(common);
-        return data;
+        bool const known = typeName == QLatin1String("_SETTING_COMMON_") || typeName == QLatin1String("SETTING_COMMON");
+        return known ? __sSettingData{0, typeName, QVariant::fromValue(common)} : __sSettingData{-1, {}, {}};
     }
     bool writeSetting(QVariant const& data) override
     {
@@ -69,13 +53,16 @@ public:
         writes.fetchAndAddRelaxed(1);
         return true;
     }
-
     int verifyPolicy(int kind) override { return kind == 1 ? exitPolicy.loadRelaxed() : 0; }
-    int verifyPassword(int kind, QString const& password) override
-    {
-        return kind == 1 && password == exitPassword ? 0 : -1;
-    }
+    int verifyPassword(int kind, QString const& password) override { return kind == 1 && password == exitPassword ? 0 : -1; }
 
+    QString clientVersion() override { return QStringLiteral("10.0.0.7550"); }
+    QString virusDataVersion() override { return QStringLiteral("2024.05.01"); }
+    unsigned int guardDays() override { return 42; }
+    quint64 baseInfo() override { return 7; }
+    int shutdown(int) override { return 0; }
+    int reboot() override { return 0; }
+    void trayMenuShown() override {}
     QString userId() override { return QStringLiteral("test-user"); }
     QList<_VERINFO_> libraryVersions(int) override { return {}; }
     int unreadMessageCount() override { return 0; }

@@ -12,11 +12,11 @@ class TestLogCapture
 {
 public:
     TestLogCapture()
-        : m_path(m_dir.filePath(QStringLiteral("capture.log")))
+        : m_path(m_dir.filePath(QStringLiteral("capture.log")).toStdString())
         , m_previousPath(CLogDebug::singleInstance()->filePath())
         , m_previousLevel(CLogDebug::singleInstance()->minimumLevel())
     {
-        CLogDebug::singleInstance()->setFilePath(m_path.toStdString());
+        CLogDebug::singleInstance()->setFilePath(m_path);
         CLogDebug::singleInstance()->setMinimumLevel(1);
     }
     ~TestLogCapture()
@@ -27,34 +27,30 @@ public:
 
     QStringList lines() const
     {
-        QFile file(m_path);
-        if (!file.open(QIODevice::ReadOnly))
-            return {};
-        return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QFile file(QString::fromStdString(m_path));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts) : QStringList();
     }
-
-    // Position of the first line whose message is `text`, -1 if none.
+    // Lines whose message is `text`.
+    QStringList matching(QString const& text) const
+    {
+        QStringList out;
+        for (QString const& line : lines()) {
+            if (line.endsWith(text))
+                out << line;
+        }
+        return out;
+    }
+    int count(QString const& text) const { return matching(text).size(); }
     int indexOf(QString const& text) const
     {
         QStringList const all = lines();
-        for (int i = 0; i < all.size(); ++i) {
-            if (all.at(i).endsWith(text))
-                return i;
-        }
-        return -1;
-    }
-
-    int count(QString const& text) const
-    {
-        int n = 0;
-        for (QString const& line : lines())
-            n += line.endsWith(text);
-        return n;
+        QStringList const found = matching(text);
+        return found.isEmpty() ? -1 : all.indexOf(found.first());
     }
 
 private:
     QTemporaryDir m_dir;
-    QString m_path;
+    std::string m_path;
     std::string m_previousPath;
     int m_previousLevel;
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "basePlugin.h"
-#include "cqbaseplugin.h"
 #include "cqmainwindow.h"
 #include "cqpluginmanager.h"
 #include "spluginregisteritem.h"
@@ -9,12 +8,12 @@
 #include <QApplication>
 #include <QPointer>
 #include <QSignalSpy>
-#include <QStringList>
+
+#include <algorithm>
 
 // A base plugin on a real main window, registered with the real plugin
 // manager under "EPLUGIN_ID_BASE" so that what it sends to itself comes back
-// through execCmd, as in the client. Other plugin ids are stood in by plain
-// CQBasePlugin objects (present, answering nothing).
+// through execCmd, as in the client.
 class TestPluginFixture
 {
 public:
@@ -38,7 +37,6 @@ public:
     }
 
     static CQPluginManager* manager() { return CQPluginManager::singleInstance(); }
-
     // Deferred deletions run now, as when the event loop next turns.
     static void flushDeletes()
     {
@@ -46,14 +44,12 @@ public:
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-
-    // Makes a plugin with that id present (announced to everybody, as a load is).
+    // Another plugin present under that id (a plain CQBasePlugin, announced as a load is).
     void addPresentPlugin(QString const& id)
     {
         if (manager()->addPlugin(new CQBasePlugin(), id))
             m_extra << id;
     }
-
     BasePlugin* plugin() const { return m_plugin; }
     CQMainWindow* mainWindow() const { return m_main; }
 
@@ -72,6 +68,12 @@ inline sPluginRegisterItem record(QObject* object, int index, QVariant const& ex
     return item;
 }
 
+// The same record as a command's payload.
+inline QVariant packed(QObject* object, int index, QVariant const& extra = QVariant())
+{
+    return QVariant::fromValue(record(object, index, extra));
+}
+
 // QSignalSpy keeps a QVariant argument wrapped in another QVariant.
 inline QVariant unwrap(QVariant const& v)
 {
@@ -81,13 +83,9 @@ inline QVariant unwrap(QVariant const& v)
 // How many recorded emissions carry `value` as argument `at`.
 inline int countArg(QSignalSpy const& spy, int at, QString const& value)
 {
-    int n = 0;
-    for (QList<QVariant> const& args : spy)
-        n += args.at(at).toString() == value;
-    return n;
+    return int(std::count_if(spy.begin(), spy.end(), [&](QList<QVariant> const& args) { return args.at(at).toString() == value; }));
 }
 
-// Visible top-level windows of one type.
 template <typename T>
 QList<T*> openWindows()
 {

@@ -114,7 +114,7 @@ private slots:
         // Another plugin's widget, sent through the manager, lands in the title bar.
         QWidget widget;
         manager->sendCmd(QStringLiteral("EPLUGIN_ID_BASE"), QStringLiteral("BASEPLUGIN_CMD_REGISTERWIN2TITLE"),
-                         QVariant::fromValue(record(&widget, 120, 1)));
+                         packed(&widget, 120, 1));
         QCOMPARE(widget.parentWidget()->objectName(), QStringLiteral("m_pRightArea"));
         QVERIFY(main.titleWidget()->isAncestorOf(&widget));
         // A broadcast reaches it as well: the about entry comes back as a command at 40.

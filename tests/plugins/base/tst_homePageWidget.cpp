@@ -1,7 +1,6 @@
 // The home page's column of keyed rows, its data area, card row and title,
-// and the two parts the plugin puts on it: the message tip and the version card.
+// and the message tip the plugin puts on it.
 
-#include "bridgerecords.h"
 #include "cardsWin.h"
 #include "cqlabel.h"
 #include "dravoguiconfig.h"
@@ -10,7 +9,6 @@
 #include "submessagetipiteminterface.h"
 #include "testLogCapture.h"
 #include "testPluginFixture.h"
-#include "versionStatusCardWin.h"
 
 #include <QAction>
 #include <QLayout>
@@ -26,14 +24,6 @@ QWidget* row(QString const& name, QWidget* parent = nullptr)
     w->setObjectName(name);
     w->setFixedSize(100, 20);
     return w;
-}
-
-_VERINFO_ entry(int kind, QString const& version)
-{
-    _VERINFO_ info;
-    info.kind = kind;
-    info.version = version;
-    return info;
 }
 
 } // namespace
@@ -259,33 +249,6 @@ private slots:
         }
         QVERIFY(first && !first->parentWidget());
         delete first.data();
-    }
-
-    // Library versions from the upgrade bridge: kind 1 virus, 4 vulnerability.
-    void versionCard_data()
-    {
-        QTest::addColumn<QList<_VERINFO_>>("versions");
-        QTest::addColumn<QString>("virus");
-        QTest::addColumn<QString>("vulnerability");
-        QTest::newRow("both") << QList<_VERINFO_>{entry(1, "2024.05.01"), entry(4, "2024.04.30")} << "2024.05.01"
-                              << "2024.04.30";
-        QTest::newRow("empty list changes nothing") << QList<_VERINFO_>{} << "v0" << "u0";
-        QTest::newRow("other kinds skipped") << QList<_VERINFO_>{entry(2, "x"), entry(7, "z")} << "v0" << "u0";
-        QTest::newRow("empty version shows dashes") << QList<_VERINFO_>{entry(1, "")} << "--" << "u0";
-        QTest::newRow("last of a kind wins") << QList<_VERINFO_>{entry(4, "a"), entry(4, "b"), entry(1, "c")} << "c" << "b";
-    }
-    void versionCard()
-    {
-        QFETCH(QList<_VERINFO_>, versions);
-        QFETCH(QString, virus);
-        QFETCH(QString, vulnerability);
-        VersionStatusCardWin card;
-        // The card asks on construction; let that answer land, then start from known values.
-        QTRY_VERIFY(card.virusVersion() != QStringLiteral("--"));
-        card.slot_checkUpgradeInfo(QStringLiteral("user"), {entry(1, "v0"), entry(4, "u0")});
-        card.slot_checkUpgradeInfo(QStringLiteral("user"), versions);
-        QCOMPARE(card.virusVersion(), virus);
-        QCOMPARE(card.vulnerabilityVersion(), vulnerability);
     }
 };
 

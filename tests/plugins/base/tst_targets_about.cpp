@@ -1,4 +1,4 @@
-// About dialog: keyed badge row, version lines and dragging.
+// About dialog: keyed badge row and version lines.
 
 #include "cWinAbout.h"
 #include "cWinAbout_p.h"
@@ -6,7 +6,6 @@
 
 #include <QLabel>
 #include <QLayout>
-#include <QMouseEvent>
 #include <QtTest>
 
 namespace {
@@ -19,12 +18,6 @@ QList<QWidget*> rowOrder(QWidget* row)
             order << w;
     }
     return order;
-}
-
-void mouse(QWidget* w, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons, QPoint const& global)
-{
-    QMouseEvent event(type, w->mapFromGlobal(global), global, button, buttons, Qt::NoModifier);
-    QApplication::sendEvent(w, &event);
 }
 
 } // namespace
@@ -94,26 +87,6 @@ private slots:
         about.slot_setClientVersionInfo(QStringLiteral("10.0.0.7550"));
         QCOMPARE(simple->text(), QStringLiteral("V10.0"));
         QVERIFY(client->text().startsWith(QStringLiteral("客户端版本：")) && client->text().contains("7550"));
-    }
-
-    // The left button drags by the offset of the press; the right button does
-    // not, and releasing it ends a drag.
-    void dragging()
-    {
-        CWinAbout about(nullptr);
-        about.move(100, 100);
-        QPoint const start = about.pos();
-        QPoint const grab = start + QPoint(20, 20);
-        mouse(&about, QEvent::MouseButtonPress, Qt::RightButton, Qt::RightButton, grab);
-        mouse(&about, QEvent::MouseMove, Qt::NoButton, Qt::RightButton, grab + QPoint(50, 30));
-        QCOMPARE(about.pos(), start);
-        mouse(&about, QEvent::MouseButtonRelease, Qt::RightButton, Qt::NoButton, grab + QPoint(50, 30));
-        mouse(&about, QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton, grab);
-        mouse(&about, QEvent::MouseMove, Qt::NoButton, Qt::LeftButton, grab + QPoint(50, 30));
-        QCOMPARE(about.pos(), start + QPoint(50, 30));
-        mouse(&about, QEvent::MouseButtonRelease, Qt::RightButton, Qt::LeftButton, grab + QPoint(50, 30));
-        mouse(&about, QEvent::MouseMove, Qt::NoButton, Qt::LeftButton, grab + QPoint(90, 90));
-        QCOMPARE(about.pos(), start + QPoint(50, 30));
     }
 };
 

@@ -1,40 +1,19 @@
-// Authentication status icon: keyed items, combined state, title-bar
-// requests and the pop-up list.
+// Authentication status icon: keyed items, combined state, title-bar requests.
 
 #include "authMgr.h"
 #include "authMgritem.h"
 #include "cqlabel.h"
-#include "itemsWin.h"
 
-#include <QMouseEvent>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QtTest>
 
 namespace {
 
-void press(QWidget* w, QPoint const& at, bool release)
-{
-    QMouseEvent down(QEvent::MouseButtonPress, at, w->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(w, &down);
-    QMouseEvent up(QEvent::MouseButtonRelease, at, w->mapToGlobal(at), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-    if (release)
-        QApplication::sendEvent(w, &up);
-}
-
 QString status(AuthMgr& mgr)
 {
     return mgr.iconLabel() ? mgr.iconLabel()->property("status").toString() : QString();
 }
-
-class PressCounter : public QWidget
-{
-public:
-    int presses = 0;
-
-protected:
-    void mousePressEvent(QMouseEvent*) override { ++presses; }
-};
 
 } // namespace
 
@@ -128,40 +107,6 @@ private slots:
             QVERIFY(mgr.iconLabel());
             delete item.data();
         }
-    }
-
-    // A click lists the items by id under the icon; a press outside closes
-    // the list, is swallowed, and the items outlive it.
-    void popupListsItemsAndClosesOnOutsidePress()
-    {
-        AuthMgr mgr;
-        AuthMgritem a(2), b(1);
-        a.setFixedSize(202, 30);
-        b.setFixedSize(202, 40);
-        mgr.registerItem(&a);
-        mgr.registerItem(&b);
-        QWidget titleBar;
-        titleBar.resize(400, 46);
-        mgr.iconLabel()->setParent(&titleBar);
-        mgr.iconLabel()->move(200, 11);
-        titleBar.show();
-        PressCounter under;
-        under.setGeometry(titleBar.geometry().translated(0, 300));
-        under.show();
-
-        press(mgr.iconLabel(), QPoint(12, 12), true);
-        QPointer<ItemsWin> popup = mgr.itemsWin();
-        QVERIFY(popup && popup->isVisible());
-        QCOMPARE(popup->items(), (QList<QWidget*>{&b, &a}));
-        QCOMPARE(popup->height(), 70);
-        QPoint const iconTop = mgr.iconLabel()->mapToGlobal(QPoint(0, 0));
-        QCOMPARE(popup->pos(), iconTop + QPoint(12 - 101, 24 + 12));
-
-        press(&under, QPoint(5, 5), false);
-        QCOMPARE(under.presses, 0);
-        QTRY_VERIFY(popup.isNull());
-        QVERIFY(!a.parentWidget() && !b.parentWidget());
-        mgr.iconLabel()->setParent(nullptr);
     }
 };
 

@@ -8,7 +8,6 @@
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QtTest>
@@ -90,21 +89,6 @@ private slots:
             QCOMPARE(menu.items(), (QList<QWidget*>{&a, &b, &dup, &c}));
         }
         QVERIFY(!a.parentWidget() && !c.parentWidget());
-    }
-
-    void releaseOnEntryHidesMenu()
-    {
-        MenuWidget menu;
-        QLabel entry;
-        menu.addItem(&entry, 1);
-        menu.show();
-        QSignalSpy hidden(&menu, &MenuWidget::sig_hide);
-        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(5, 5), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(&entry, &release);
-        if (menu.isOldQt())
-            QSKIP("old Qt closes on focus loss instead");
-        QVERIFY(!menu.isVisible());
-        QCOMPARE(hidden.count(), 1);
     }
 
     // Four tiles to a row; fewer than three are padded up to three with
@@ -220,20 +204,6 @@ private slots:
         QCOMPARE(tray->menu()->items(), (QList<QWidget*>{&row}));
         tray->unRegistMenu(&row, 20);
         QVERIFY(tray->menu()->items().isEmpty() && !row.parentWidget());
-    }
-
-    void trayIconCreatedOnceAndRecreatedAfterDeletion()
-    {
-        TrayWidget* tray = TrayWidget::singleInstance();
-        tray->showTrayIcon();
-        QPointer<QSystemTrayIcon> first = tray->trayIcon();
-        QVERIFY(first && !first->icon().isNull());
-        tray->showTrayIcon();
-        QCOMPARE(tray->trayIcon(), first.data());
-        delete first.data();
-        QVERIFY(!tray->trayIcon());
-        tray->showTrayIcon();
-        QVERIFY(tray->trayIcon());
     }
 
     // Left click: the centre (and on Ubuntu the pop-up notice); right click:
