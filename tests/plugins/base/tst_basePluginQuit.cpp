@@ -27,11 +27,6 @@ PromotWin* openPrompt()
     return openWindows<PromotWin>().value(0);
 }
 
-CQCheckBox* box(QWidget* ask, char const* name)
-{
-    return ask->findChild<CQCheckBox*>(QString::fromLatin1(name));
-}
-
 CQTaskInfo blockingTask(QString const& name)
 {
     CQTaskInfo task;
@@ -55,19 +50,31 @@ class TestBasePluginQuit : public QObject
     QWidget* main() const { return m_fixture->mainWindow(); }
 
     // The mode is read off the GUI thread and applied from a queued signal.
-    void closeAndWaitForMode()
+    void closeWithMode(int mode)
     {
+        m_backend->closeAction.storeRelaxed(mode);
         int const before = m_mode->count();
         m_fixture->plugin()->slot_close();
         QTRY_COMPARE(m_mode->count(), before + 1);
         QCoreApplication::processEvents();
     }
 
-    MainExitAskWin* openAskWindow()
+    // The ask window, with one of its boxes ticked, answered by a button.
+    void answerAskWindow(bool quit, bool remember, char const* button = "m_pBtnOK")
     {
-        m_backend->closeAction.storeRelaxed(2);
-        closeAndWaitForMode();
-        return openWindows<MainExitAskWin>().value(0);
+        closeWithMode(2);
+        MainExitAskWin* ask = openWindows<MainExitAskWin>().value(0);
+        QVERIFY(ask);
+        QCOMPARE(ask->pos(), main()->pos() + QPoint(main()->width() / 2 - ask->width() / 2,
+                                                    main()->height() / 2 - ask->height() / 2));
+        auto* minBox = ask->findChild<CQCheckBox*>(QStringLiteral("m_pCheckBoxMin"));
+        auto* quitBox = ask->findChild<CQCheckBox*>(QStringLiteral("m_pCheckBoxQuit"));
+        (quit ? quitBox : minBox)->setChecked(true);
+        QVERIFY(minBox->isChecked() != quitBox->isChecked());
+        ask->findChild<CQCheckBox*>(QStringLiteral("m_pCheckBoxRemmemberChoose"))->setChecked(remember);
+        ask->findChild<CQButton*>(QString::fromLatin1(button))->click();
+        TestPluginFixture::flushDeletes();
+        QVERIFY(openWindows<MainExitAskWin>().isEmpty());
     }
 
 private slots:
@@ -93,53 +100,41 @@ private slots:
         m_fixture.reset();
         CQGTaskMutexMap::singleInstance()->clear();
         TestBackend::restore();
-        m_backend.reset();
     }
 
+    // 0 asks for confirmation on the main window (OK quits), 1 minimises,
+    // 2 opens the ask window, anything else does nothing.
     void closeByMode_data()
     {
         QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("confirm");   // prompt button pressed: 0 none, 1 OK, 2 cancel
         QTest::addColumn<bool>("mainVisible");
-        QTest::addColumn<int>("prompts");
         QTest::addColumn<int>("asks");
-        QTest::newRow("0 quit: confirmation") << 0 << true << 1 << 0;
-        QTest::newRow("1 minimise") << 1 << false << 0 << 0;
-        QTest::newRow("2 ask") << 2 << true << 0 << 1;
-        QTest::newRow("3 unknown: nothing") << 3 << true << 0 << 0;
-        QTest::newRow("-1 unknown: nothing") << -1 << true << 0 << 0;
+        QTest::newRow("0 quit, OK") << 0 << 1 << true << 0;
+        QTest::newRow("0 quit, cancel") << 0 << 2 << true << 0;
+        QTest::newRow("1 minimise") << 1 << 0 << false << 0;
+        QTest::newRow("2 ask") << 2 << 0 << true << 1;
+        QTest::newRow("3 unknown: nothing") << 3 << 0 << true << 0;
+        QTest::newRow("-1 unknown: nothing") << -1 << 0 << true << 0;
     }
     void closeByMode()
     {
         QFETCH(int, mode);
+        QFETCH(int, confirm);
         QFETCH(bool, mainVisible);
-        QFETCH(int, prompts);
         QFETCH(int, asks);
-        m_backend->closeAction.storeRelaxed(mode);
-        closeAndWaitForMode();
+        closeWithMode(mode);
         QCOMPARE(main()->isVisible(), mainVisible);
-        QCOMPARE(openWindows<PromotWin>().size(), prompts);
         QCOMPARE(openWindows<MainExitAskWin>().size(), asks);
-        QCOMPARE(exits(), 0);
-    }
-
-    void confirmPrompt_data()
-    {
-        QTest::addColumn<bool>("confirm");
-        QTest::newRow("OK quits") << true;
-        QTest::newRow("cancel stays") << false;
-    }
-    void confirmPrompt()
-    {
-        QFETCH(bool, confirm);
-        m_backend->closeAction.storeRelaxed(0);
-        closeAndWaitForMode();
-        PromotWin* prompt = openPrompt();
-        QVERIFY(prompt);
-        QCOMPARE(prompt->parentWidget(), main());
-        QCOMPARE(prompt->paras().text, QString::fromUtf8("将失去对电脑的安全防护，是否确认退出？"));
-        (confirm ? prompt->rightButton() : prompt->leftButton())->click();
-        QCOMPARE(exits(), confirm ? 1 : 0);
-        if (confirm)
+        QCOMPARE(openWindows<PromotWin>().size(), confirm ? 1 : 0);
+        if (confirm) {
+            PromotWin* prompt = openPrompt();
+            QCOMPARE(prompt->parentWidget(), main());
+            QCOMPARE(prompt->paras().text, QString::fromUtf8("将失去对电脑的安全防护，是否确认退出？"));
+            (confirm == 1 ? prompt->rightButton() : prompt->leftButton())->click();
+        }
+        QCOMPARE(exits(), confirm == 1 ? 1 : 0);
+        if (confirm == 1)
             QVERIFY(!unwrap(m_sig->last().at(1)).isValid());
     }
 
@@ -163,26 +158,12 @@ private slots:
         QFETCH(bool, quit);
         QFETCH(bool, remember);
         QFETCH(int, stored);
-        QPointer<MainExitAskWin> ask = openAskWindow();
-        QVERIFY(ask);
-        QCOMPARE(ask->pos(), main()->pos() + QPoint(main()->width() / 2 - ask->width() / 2,
-                                                    main()->height() / 2 - ask->height() / 2));
-        CQCheckBox* minBox = box(ask, "m_pCheckBoxMin");
-        CQCheckBox* quitBox = box(ask, "m_pCheckBoxQuit");
-        (quit ? quitBox : minBox)->setChecked(true);
-        QVERIFY(minBox->isChecked() != quitBox->isChecked());
-        box(ask, "m_pCheckBoxRemmemberChoose")->setChecked(remember);
-
-        ask->findChild<CQButton*>(button)->click();
-        TestPluginFixture::flushDeletes();
-
+        answerAskWindow(quit, remember, qPrintable(button));
         bool const ok = button == QLatin1String("m_pBtnOK");
-        QVERIFY(ask.isNull() || !ask->isVisible());
         QCOMPARE(main()->isVisible(), !ok || quit);
         QCOMPARE(openWindows<PromotWin>().size(), ok && quit ? 1 : 0);
         QCOMPARE(m_backend->writes.loadRelaxed(), stored < 0 ? 0 : 1);
-        if (stored >= 0)
-            QCOMPARE(m_backend->closeAction.loadRelaxed(), stored);
+        QCOMPARE(m_backend->closeAction.loadRelaxed(), stored < 0 ? 2 : stored);
         QCOMPARE(exits(), 0);
     }
 
@@ -199,17 +180,11 @@ private slots:
         scan.action = [&actions]() { return ++actions > 0; };
         CQGTaskMutexMap::singleInstance()->addTaskInfo(harmless);
         CQGTaskMutexMap::singleInstance()->addTaskInfo(scan);
-
-        MainExitAskWin* ask = openAskWindow();
-        QVERIFY(ask);
-        box(ask, "m_pCheckBoxQuit")->setChecked(true);
-        ask->findChild<CQButton*>(QStringLiteral("m_pBtnOK"))->click();
-
+        answerAskWindow(true, false);
         QCOMPARE(openWindows<PromotWin>().size(), 1);
-        PromotWin* prompt = openPrompt();
-        QCOMPARE((QStringList{prompt->paras().title, prompt->paras().text}), (QStringList{scan.title, scan.text}));
-        QVERIFY(prompt->paras().leftBtnText.isEmpty());
-        prompt->rightButton()->click();
+        PromotWin::sInfo const p = openPrompt()->paras();
+        QCOMPARE((QStringList{p.title, p.text, p.leftBtnText}), (QStringList{scan.title, scan.text, QString()}));
+        openPrompt()->rightButton()->click();
         QCOMPARE(actions, 1);
         QCOMPARE(exits(), 0);
         QVERIFY(!openPrompt());
@@ -220,8 +195,7 @@ private slots:
     void exitPassword()
     {
         m_backend->exitPolicy.storeRelaxed(2);
-        m_backend->closeAction.storeRelaxed(0);
-        closeAndWaitForMode();
+        closeWithMode(0);
         QVERIFY(!openPrompt());
         QPointer<MainExitInputPassword> input = openWindows<MainExitInputPassword>().value(0);
         QVERIFY(input);
@@ -231,53 +205,45 @@ private slots:
             QVERIFY(input->isVisible());
             QCOMPARE(input->uiType(), 1);
         }
-        closeAndWaitForMode();
+        closeWithMode(0);
         QCOMPARE(openWindows<MainExitInputPassword>().value(0), input.data());
         QCOMPARE(input->uiType(), 0);
         QCOMPARE(exits(), 0);
-
         input->lineEdit()->setText(m_backend->exitPassword);
         input->slot_submit();
         QCOMPARE(exits(), 1);
         QVERIFY(input.isNull() || !input->isVisible());
     }
 
-    // The tray's quit row asks for confirmation whatever the stored mode.
-    void trayQuitSkipsQuitMode()
+    // The tray's quit row asks for confirmation whatever the stored mode; the
+    // backend's own quit passes no task, password or confirmation.
+    void trayAndBackendQuit()
     {
         m_backend->closeAction.storeRelaxed(1);
         for (QWidget* w : TrayWidget::singleInstance()->menu()->items()) {
             if (auto* row = qobject_cast<CQMenuItem*>(w); row && row->text() == QString::fromUtf8("退出"))
                 emit row->sig_clicked();
         }
-        QVERIFY(openPrompt());
+        QVERIFY(openPrompt() && main()->isVisible());
         QCOMPARE(m_mode->count(), 0);
-        QVERIFY(main()->isVisible());
-    }
+        openPrompt()->close();
 
-    // The backend's own quit passes no task, password or confirmation.
-    void backendQuitAsksNothing()
-    {
         CQGTaskMutexMap::singleInstance()->addTaskInfo(blockingTask(QStringLiteral("scan")));
         m_backend->exitPolicy.storeRelaxed(2);
         m_fixture->plugin()->execCmd(PLUGINMANAGE_CMDTYPE_INSTALL, QVariant(QStringLiteral(EPLUGIN_ID_BRIDGE_BASE)));
         emit BasePluginModelDataInterface::singleInstance()->sig_appQuit();
         QTRY_COMPARE(exits(), 1);
-        QVERIFY(!openPrompt());
-        QVERIFY(openWindows<MainExitInputPassword>().isEmpty());
+        QVERIFY(!openPrompt() && openWindows<MainExitInputPassword>().isEmpty());
     }
 
+    // A quit mode read under another key is not applied.
     void quitModeOfAnotherKeyIsIgnored()
     {
-        __sSettingData data;
-        data.key = 3;
         _SETTING_COMMON_ common;
         common.closeAction = 1;
-        data.value = QVariant::fromValue(common);
-        m_fixture->plugin()->slot_updateQuitMode(data);
+        m_fixture->plugin()->slot_updateQuitMode(__sSettingData{3, QString(), QVariant::fromValue(common)});
         QVERIFY(main()->isVisible());
-        data.key = 0;
-        m_fixture->plugin()->slot_updateQuitMode(data);
+        m_fixture->plugin()->slot_updateQuitMode(__sSettingData{0, QString(), QVariant::fromValue(common)});
         QVERIFY(!main()->isVisible());
     }
 };
