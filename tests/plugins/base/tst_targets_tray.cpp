@@ -1,14 +1,12 @@
-// Tray menu, goods shelf and tray icon: keyed registration, placement and clicks.
+// Tray menu, goods shelf and tray icon: keyed registration and clicks.
 
 #include "basepluginmodeldatainterface.h"
 #include "goodsShelf.h"
 #include "menuWidget.h"
 #include "trayWidget.h"
-#include "trayWidget_p.h"
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QPointer>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -91,42 +89,6 @@ private slots:
         QVERIFY(!a.parentWidget() && !c.parentWidget());
     }
 
-    // Four tiles to a row; fewer than three are padded up to three with
-    // fillers; an empty shelf hides.
-    void shelfFillers_data()
-    {
-        QTest::addColumn<int>("tiles");
-        QTest::addColumn<int>("fillers");
-        QTest::addColumn<int>("height");
-        QTest::newRow("empty") << 0 << 0 << 0;
-        QTest::newRow("one tile") << 1 << 2 << 65;
-        QTest::newRow("three tiles") << 3 << 0 << 65;
-        QTest::newRow("four tiles, one row") << 4 << 0 << 65;
-        QTest::newRow("six tiles") << 6 << 0 << 130;
-    }
-    void shelfFillers()
-    {
-        QFETCH(int, tiles);
-        QFETCH(int, fillers);
-        QFETCH(int, height);
-        QWidget host;
-        auto* shelf = new GoodsShelf(&host);
-        host.show();
-        QList<QLabel*> owned;
-        for (int i = 0; i < tiles; ++i) {
-            owned << new QLabel;
-            owned.last()->setFixedSize(87, 65);
-            QCOMPARE(shelf->registerItem(owned.last(), 10 * i), 0);
-        }
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        shelf->updateUI();
-        QCOMPARE(shelf->fillerCount(), fillers);
-        QCOMPARE(shelf->height(), height);
-        QCOMPARE(shelf->isVisible(), tiles > 0);
-        delete shelf;
-        qDeleteAll(owned);
-    }
-
     void shelfKeyedTiles()
     {
         QWidget host;
@@ -178,43 +140,20 @@ private slots:
         QCOMPARE(protocol, expected);
     }
 
-    // A 270x300 menu on a 1920x1080 screen: at the cursor, kept on screen; by
-    // the panel's side (0 left, 1 top, 2 right, 3 bottom) 40 px thick.
-    void placement()
-    {
-        QSize const menu(270, 300), screen(1920, 1080);
-        QCOMPARE(TrayWidgetPrivate::placeAtCursor(QPoint(5, 900), menu, screen), QPoint(5, 600));
-        QCOMPARE(TrayWidgetPrivate::placeAtCursor(QPoint(1900, 1070), menu, screen), QPoint(1630, 770));
-        QCOMPARE(TrayWidgetPrivate::placeAtCursor(QPoint(100, 100), menu, screen), QPoint(100, 100));
-        QCOMPARE(TrayWidgetPrivate::placeAtCursor(QPoint(1785, 540), menu, screen), QPoint(1515, 240));
-        QList<QPoint> const bySide = {{40, 780}, {1650, 40}, {1610, 780}, {1650, 740}, {0, 0}};
-        for (int side : {0, 1, 2, 3, 7})
-            QCOMPARE(TrayWidgetPrivate::placeByPanel(side, 40, menu, screen), bySide.at(qMin(side, 4)));
-    }
-
-    void registMenuNeedsInitAndWidget()
+    // Rows need the menu (made by init) and a widget. Left click: the centre
+    // (and on Ubuntu the pop-up notice); right click: the menu, once while it
+    // is open; double and middle clicks: nothing.
+    void registrationAndClicks()
     {
         TrayWidget* tray = TrayWidget::singleInstance();
         QLabel row;
-        tray->registMenu(&row, 20);   // before init: nothing happens
+        row.setFixedHeight(40);
+        tray->registMenu(&row, 20);
         QVERIFY(!tray->menu());
         tray->init();
         tray->registMenu(nullptr, 20);
         tray->registMenu(&row, 20);
         QCOMPARE(tray->menu()->items(), (QList<QWidget*>{&row}));
-        tray->unRegistMenu(&row, 20);
-        QVERIFY(tray->menu()->items().isEmpty() && !row.parentWidget());
-    }
-
-    // Left click: the centre (and on Ubuntu the pop-up notice); right click:
-    // the menu, once while it is open; double and middle clicks: nothing.
-    void clicksReachTheBridge()
-    {
-        TrayWidget* tray = TrayWidget::singleInstance();
-        tray->init();
-        QLabel row;
-        row.setFixedHeight(40);
-        tray->registMenu(&row, 20);
         BasePluginModelDataInterface* bridge = BasePluginModelDataInterface::singleInstance();
         QSignalSpy center(bridge, &BasePluginModelDataInterface::sig_centerShow);
         QSignalSpy popShow(bridge, &BasePluginModelDataInterface::sig_trayPopShow);
@@ -225,7 +164,6 @@ private slots:
         tray->slot_iconActivated(QSystemTrayIcon::Trigger);
         QCOMPARE(center.count(), 1);
         QCOMPARE(popShow.count(), tray->osName().find("ubuntu") != std::string::npos ? 1 : 0);
-
         tray->menu()->hide();
         popShow.clear();
         tray->slot_iconActivated(QSystemTrayIcon::Context);
@@ -235,6 +173,7 @@ private slots:
         tray->menu()->myHide();
         QCOMPARE(popHide.count(), 1);
         tray->unRegistMenu(&row, 20);
+        QVERIFY(tray->menu()->items().isEmpty() && !row.parentWidget());
     }
 };
 
