@@ -11,7 +11,7 @@ PACKAGES=(
   dbus dbus-x11 xvfb xauth x11-utils
   librsvg2-bin
   clang libclang-rt-14-dev
-  lsb-release hyperfine
+  lsb-release
 )
 
 missing=()
