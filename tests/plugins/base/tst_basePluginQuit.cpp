@@ -235,17 +235,6 @@ private slots:
         QTRY_COMPARE(exits(), 1);
         QVERIFY(!openPrompt() && openWindows<MainExitInputPassword>().isEmpty());
     }
-
-    // A quit mode read under another key is not applied.
-    void quitModeOfAnotherKeyIsIgnored()
-    {
-        _SETTING_COMMON_ common;
-        common.closeAction = 1;
-        m_fixture->plugin()->slot_updateQuitMode(__sSettingData{3, QString(), QVariant::fromValue(common)});
-        QVERIFY(main()->isVisible());
-        m_fixture->plugin()->slot_updateQuitMode(__sSettingData{0, QString(), QVariant::fromValue(common)});
-        QVERIFY(!main()->isVisible());
-    }
 };
 
 QTEST_MAIN(TestBasePluginQuit)

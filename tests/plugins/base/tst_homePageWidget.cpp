@@ -70,20 +70,6 @@ private slots:
         QCOMPARE(w->geometry().topLeft(), QPoint(40 + (772 - 100) / 2, expectedY));
     }
 
-    // Non-widget rows stay registered and are logged on every relayout.
-    void nonWidgetRowIsLoggedOnEveryRelayout()
-    {
-        TestLogCapture log;
-        HomePageWidget home;
-        QAction action(nullptr);
-        QCOMPARE(home.registerItem(record(&action, 40)), 0);
-        QVERIFY(home.hasItem(40));
-        QWidget owner;
-        QCOMPARE(home.registerItem(record(row("row", &owner), 50)), 0);
-        QCOMPARE(home.registerItem(record(nullptr, 60)), 0);
-        QCOMPARE(log.count(QStringLiteral("[HomePageWidget] w is null")), 1 + 1 + 2);
-    }
-
     // Out of the column, but neither hidden nor deleted by the page; a row
     // deleted by its owner frees its key.
     void unRegisterItemAndDeletedRow()

@@ -1,4 +1,4 @@
-// About dialog: keyed badge row and version lines.
+// About dialog: the short client version and the keyed badge row.
 
 #include "cWinAbout.h"
 #include "cWinAbout_p.h"
@@ -72,21 +72,6 @@ private slots:
         about->slot_close();
         QTRY_VERIFY(about.isNull());
         QVERIFY(!right.parentWidget() && !dup.parentWidget());
-    }
-
-    void versionLines()
-    {
-        CWinAbout about(nullptr);
-        auto* virus = about.findChild<QLabel*>(QStringLiteral("m_pLabVirusDataVersionInfo"));
-        auto* client = about.findChild<QLabel*>(QStringLiteral("m_pLabClientVersionInfo"));
-        auto* simple = about.findChild<QLabel*>(QStringLiteral("m_pLabClientVersionSimple"));
-        // The bridge answers the dialog's request on its own.
-        QTRY_VERIFY(client->text().size() > QStringLiteral("客户端版本：").size());
-        about.slot_setVirusDataVersionInfo(QString());
-        QCOMPARE(virus->text(), QStringLiteral("病毒库版本："));
-        about.slot_setClientVersionInfo(QStringLiteral("10.0.0.7550"));
-        QCOMPARE(simple->text(), QStringLiteral("V10.0"));
-        QVERIFY(client->text().startsWith(QStringLiteral("客户端版本：")) && client->text().contains("7550"));
     }
 };
 

@@ -37,27 +37,6 @@ private slots:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    void versionCompare_data()
-    {
-        QTest::addColumn<QString>("a");
-        QTest::addColumn<QString>("b");
-        QTest::addColumn<int>("expected");
-        QTest::newRow("equal") << "5.6.1" << "5.6.1" << 0;
-        QTest::newRow("older") << "5.5.1" << "5.6.1" << -1;
-        QTest::newRow("numeric not textual") << "5.10" << "5.9" << 1;
-        QTest::newRow("prefix only") << "5.6" << "5.6.1" << 0;
-        QTest::newRow("letters") << "5.x" << "5.6" << -2;
-        QTest::newRow("empty against number") << "" << "5" << -2;
-        QTest::newRow("blank part") << "5. .1" << "5.6.1" << -2;
-    }
-    void versionCompare()
-    {
-        QFETCH(QString, a);
-        QFETCH(QString, b);
-        QFETCH(int, expected);
-        QCOMPARE(MenuWidget::versionCompare(a, b), expected);
-    }
-
     // Ordered by index, first at an index wins, removal by index frees it; an
     // entry deleted by its owner frees its index; entries outlive the menu.
     void menuKeyedEntries()
