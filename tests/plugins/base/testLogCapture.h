@@ -6,8 +6,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-// Sends every record from level 1 up into a file of its own while it lives;
-// a record's message is the end of its line, exactly as the code formatted it.
+#include <algorithm>
+
+// Sends every record from level 1 up into a file of its own while it lives.
 class TestLogCapture
 {
 public:
@@ -30,22 +31,18 @@ public:
         QFile file(QString::fromStdString(m_path));
         return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts) : QStringList();
     }
-    // Lines whose message is `text`.
-    QStringList matching(QString const& text) const
+    // Records whose message is `text` (a record ends with its message).
+    int count(QString const& text) const
     {
-        QStringList out;
-        for (QString const& line : lines()) {
-            if (line.endsWith(text))
-                out << line;
-        }
-        return out;
+        QStringList const all = lines();
+        return int(std::count_if(all.cbegin(), all.cend(), [&](QString const& l) { return l.endsWith(text); }));
     }
-    int count(QString const& text) const { return matching(text).size(); }
+    // Position of the first such record, -1 if none.
     int indexOf(QString const& text) const
     {
         QStringList const all = lines();
-        QStringList const found = matching(text);
-        return found.isEmpty() ? -1 : all.indexOf(found.first());
+        auto const it = std::find_if(all.cbegin(), all.cend(), [&](QString const& l) { return l.endsWith(text); });
+        return it == all.cend() ? -1 : int(it - all.cbegin());
     }
 
 private:

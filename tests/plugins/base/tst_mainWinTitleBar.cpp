@@ -1,4 +1,4 @@
-// The title bar's keyed areas, its buttons, day counter and logo.
+// The title bar's keyed areas and its logo.
 
 #include "cqcloudbrainlabel.h"
 #include "cqframe.h"
@@ -10,7 +10,6 @@
 
 #include <QLayout>
 #include <QPointer>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -158,25 +157,6 @@ private slots:
         bar.registerWin(probe, EBASETITLEBARDIR_RIGHT, key(100));
         QCOMPARE(probe->parentWidget() == area(bar, 1), positionFreed);
         delete a;
-    }
-
-    // Each button has its own signal; the day counter shows the low word of
-    // the base information (all ones: no count).
-    void buttonsAndCounter()
-    {
-        MainWinTitleBar bar;
-        QSignalSpy setting(&bar, &MainWinTitleBar::sig_setting);
-        QSignalSpy minimize(&bar, &MainWinTitleBar::sig_minimize);
-        QSignalSpy close(&bar, &MainWinTitleBar::sig_close);
-        for (char const* button : {"dropdown", "min", "min", "close", "close", "close"})
-            static_cast<QAbstractButton*>(builtIn(bar, button))->click();
-        QCOMPARE((QList<int>{setting.count(), minimize.count(), close.count()}), (QList<int>{1, 2, 3}));
-        __sBaseModuleBaseInfo info;
-        for (quint64 value : {(quint64(9) << 32) | 12u, quint64(0xFFFFFFFFu)}) {
-            info.value = value;
-            bar.slot_base_info(info);
-            QCOMPARE(static_cast<CQCloudBrainLabel*>(builtIn(bar, "cloud"))->days(), value == 0xFFFFFFFFu ? -1 : 12);
-        }
     }
 
     // The text logo needs a custom theme and a readable product name; any read

@@ -5,17 +5,13 @@
 #include "closeMainPanelSettingSubItem.h"
 #include "commonSetting.h"
 #include "framelinkproxy.h"
-#include "navigatewidget.h"
-#include "promptdialog.h"
 #include "settingCentreWidget.h"
 #include "settingCentreWidgetMgr.h"
 #include "settingpluginmodeldatainterface.h"
 
 #include <QPointer>
-#include <QRadioButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <QtTest>
 
 namespace {
@@ -27,31 +23,6 @@ QVariant closeAction(int value)
     return QVariant::fromValue(record);
 }
 
-int storedCloseAction()
-{
-    __sSettingData const data = SettingPluginModelDataInterface::singleInstance()->getSettingData("SETTING_COMMON");
-    return data.value.value<_SETTING_COMMON_>().closeAction;
-}
-
-// Answers the next modal question once it is up.
-void answerNextDialog(bool accept)
-{
-    QTimer::singleShot(0, [accept]() {
-        auto* dialog = qobject_cast<PromptDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            answerNextDialog(accept);
-        else
-            accept ? dialog->accept() : dialog->reject();
-    });
-}
-
-class OtherPage : public SettingItemWidget
-{
-public:
-    QString getBarName() override { return QStringLiteral("其他设置"); }
-    QString getBarObject() override { return QStringLiteral("OtherPage"); }
-};
-
 } // namespace
 
 class TstTargetsSettings : public QObject
@@ -61,8 +32,6 @@ class TstTargetsSettings : public QObject
     QTemporaryDir m_configDir;
     CommonSetting* m_pPage = nullptr;
     CloseMainPanelSettingSubItem* m_pRow = nullptr;
-
-    void choose(char const* radio) { m_pRow->findChild<QRadioButton*>(QString::fromLatin1(radio))->click(); }
 
 private slots:
     void initTestCase()
@@ -114,28 +83,6 @@ private slots:
         QCOMPARE(m_pRow->slot_isSavedPageInfo(), saved);
     }
 
-    // An edit is unsaved until saved through the bridge; a fresh row reads it
-    // back, and open pages follow what is stored.
-    void saveRoundTripThroughBridge()
-    {
-        SettingCentreWidget centre;   // installs the store used by every page
-        m_pPage->slot_updatePageInfo();
-        QCOMPARE(m_pRow->checkedValue(), 0);
-        choose("m_pRadioBtnMinimize");
-        QVERIFY(!m_pPage->slot_isSavedPageInfo());
-        QVERIFY(m_pPage->slot_savePageInfo());
-        QCOMPARE(storedCloseAction(), 1);
-        QVERIFY(m_pPage->slot_isSavedPageInfo());
-        CloseMainPanelSettingSubItem fresh;
-        QVERIFY(fresh.slot_updatePageInfo());
-        QCOMPARE(fresh.checkedValue(), 1);
-        // Another writer changes the stored value; the open page follows.
-        QVERIFY(centre.addItem(m_pPage));
-        QVERIFY(SettingPluginModelDataInterface::singleInstance()->setSettingData(closeAction(2)));
-        QTRY_COMPARE(m_pRow->checkedValue(), 2);
-        centre.removeItem(m_pPage->getBarName());
-    }
-
     // Pages are keyed by their object name: null, unnamed and twin pages are refused.
     void centreRefusesBadPages()
     {
@@ -177,35 +124,6 @@ private slots:
         mgr->unRegisterItem(m_pPage);
         QTRY_VERIFY(window.isNull());
         QVERIFY(!m_pPage->parentWidget());
-    }
-
-    // Unsaved edits ask before switching pages (by slot or by the navigation)
-    // and before hiding; "no" keeps the edit, "yes" drops it.
-    void unsavedEditsAsk()
-    {
-        SettingCentreWidget centre;
-        OtherPage other;
-        other.setObjectName(QStringLiteral("OtherPage"));
-        QVERIFY(centre.addItem(m_pPage) && centre.addItem(&other));
-        centre.activateShow();
-        choose("m_pRadioBtnAsk");
-        answerNextDialog(false);
-        centre.slot_currentChanged(1);
-        QCOMPARE(centre.currentItem(), m_pPage);
-        QCOMPARE(m_pRow->checkedValue(), 2);
-        answerNextDialog(false);
-        QVERIFY(!centre.findChild<NavigateWidget*>()->setCurrentItem(&other));
-        answerNextDialog(false);
-        QVERIFY(!centre.tryHide());
-        QVERIFY(centre.isVisible());
-
-        answerNextDialog(true);
-        centre.slot_currentChanged(1);
-        QCOMPARE(centre.currentItem(), &other);
-        QCOMPARE(m_pRow->checkedValue(), 0);   // reloaded from what is stored
-        QVERIFY(centre.tryHide());
-        centre.removeItem(other.getBarName());
-        centre.removeItem(m_pPage->getBarName());
     }
 };
 

@@ -92,33 +92,6 @@ private slots:
         QVERIFY(!b.parentWidget() && !c.parentWidget());
     }
 
-    void displayProtocol_data()
-    {
-        QTest::addColumn<QByteArrayList>("env");   // XDG_SESSION_TYPE, WAYLAND_DISPLAY, DISPLAY
-        QTest::addColumn<int>("expected");         // 1 X11, 2 Wayland
-        QTest::newRow("session wayland wins over DISPLAY") << QByteArrayList{"wayland", "", ":0"} << 2;
-        QTest::newRow("session x11") << QByteArrayList{"x11", "wayland-0", ""} << 1;
-        QTest::newRow("tty, both set") << QByteArrayList{"tty", "wayland-0", ":0"} << 2;
-        QTest::newRow("upper-case Wayland not trusted") << QByteArrayList{"Wayland", "", ":0"} << 1;
-        QTest::newRow("nothing set") << QByteArrayList{"", "", ""} << 1;
-    }
-    void displayProtocol()
-    {
-        QFETCH(QByteArrayList, env);
-        QFETCH(int, expected);
-        char const* const names[] = {"XDG_SESSION_TYPE", "WAYLAND_DISPLAY", "DISPLAY"};
-        QByteArrayList saved;
-        for (int i = 0; i < 3; ++i) {
-            saved << qgetenv(names[i]);
-            qputenv(names[i], env.at(i));
-        }
-        TrayWidget::UninitInstance(true);
-        int const protocol = TrayWidget::singleInstance()->displayProtocol();
-        for (int i = 0; i < 3; ++i)
-            saved.at(i).isEmpty() ? qunsetenv(names[i]) : qputenv(names[i], saved.at(i));
-        QCOMPARE(protocol, expected);
-    }
-
     // Rows need the menu (made by init) and a widget. Left click: the centre
     // (and on Ubuntu the pop-up notice); right click: the menu, once while it
     // is open; double and middle clicks: nothing.
