@@ -1,7 +1,6 @@
-// About dialog: the short client version and the keyed badge row.
+// About dialog: the keyed badge row.
 
 #include "cWinAbout.h"
-#include "cWinAbout_p.h"
 #include "myStackedWins1.h"
 
 #include <QLabel>
@@ -28,23 +27,6 @@ class TstTargetsAbout : public QObject
 
 private slots:
     void initTestCase() { Q_INIT_RESOURCE(ui_base); }
-
-    void simpleClientVersion_data()
-    {
-        QTest::addColumn<QString>("version");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("two-digit major") << "10.0.0.7550" << "10.0";
-        QTest::newRow("one-digit major") << "1.0.0.7550" << "1.0";
-        QTest::newRow("no dot") << "10" << "10";
-        QTest::newRow("empty") << "" << "";
-        QTest::newRow("dot at position 3") << "100.5.1" << "100";
-    }
-    void simpleClientVersion()
-    {
-        QFETCH(QString, version);
-        QFETCH(QString, expected);
-        QCOMPARE(CWinAboutPrivate::GetSimpleClientVersion(version), expected);
-    }
 
     // Badges stand around the dialog's own version badge (key 10) in key
     // order; the first at a key wins; the dialog hands them back when it goes.

@@ -28,30 +28,6 @@ private slots:
         qRegisterMetaType<sPluginRegisterItem>();
     }
 
-    // Normal as soon as one item is not failed (0).
-    void combinedStatus_data()
-    {
-        QTest::addColumn<QList<int>>("statuses");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("one good one failed") << QList<int>{0, 2} << "normal";
-        QTest::newRow("all failed") << QList<int>{0, 0, 0} << "error";
-        QTest::newRow("negative counts as good") << QList<int>{-1, 0} << "normal";
-    }
-    void combinedStatus()
-    {
-        QFETCH(QList<int>, statuses);
-        QFETCH(QString, expected);
-        AuthMgr mgr;
-        QList<AuthMgritem*> items;
-        for (int i = 0; i < statuses.size(); ++i) {
-            items << new AuthMgritem(i + 1);
-            items.last()->setStatus(statuses.at(i));
-            QCOMPARE(mgr.registerItem(items.last()), 0);
-        }
-        QCOMPARE(status(mgr), expected);
-        qDeleteAll(items);
-    }
-
     // The first item of an id wins; a status change repaints the icon and
     // announces it to the title bar again (right area, key 100).
     void registrationAndStatusChange()
