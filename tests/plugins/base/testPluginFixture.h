@@ -19,11 +19,9 @@ class TestPluginFixture
 public:
     TestPluginFixture()
     {
-        m_main = new CQMainWindow();
         m_main->resize(1000, 580);
         m_main->setBodyMountName(QStringLiteral("NavigateWidget_MainWindow"));
         manager()->setHost(m_main);
-        m_plugin = new BasePlugin();
         manager()->addPlugin(m_plugin, QStringLiteral("EPLUGIN_ID_BASE"));
     }
     ~TestPluginFixture()
@@ -54,8 +52,8 @@ public:
     CQMainWindow* mainWindow() const { return m_main; }
 
 private:
-    QPointer<CQMainWindow> m_main;
-    QPointer<BasePlugin> m_plugin;
+    QPointer<CQMainWindow> m_main = new CQMainWindow();
+    QPointer<BasePlugin> m_plugin = new BasePlugin();
     QStringList m_extra;
 };
 

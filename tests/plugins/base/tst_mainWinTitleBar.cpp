@@ -1,16 +1,12 @@
-// The title bar's keyed areas and its logo.
+// The title bar's keyed areas: placement by key, refusals and relayouts.
 
 #include "cqcloudbrainlabel.h"
 #include "cqframe.h"
-#include "cqlogotitle.h"
 #include "cqtitlebuttons.h"
-#include "dravoguiconfig.h"
 #include "mainWinTitleBar.h"
-#include "testLogCapture.h"
 
 #include <QLayout>
 #include <QPointer>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -55,11 +51,7 @@ class TestMainWinTitleBar : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_dir;
-
 private slots:
-    void cleanup() { DravoGuiConfig::setConfigPath(QString()); }
-
     // Where a newly registered widget ends up: right of `after`, left of
     // `before`; an empty area means refused.
     void registerWin_data()
@@ -103,22 +95,6 @@ private slots:
         QVERIFY(before.isEmpty() || xInBar(bar, w) < xInBar(bar, builtIn(bar, before)));
     }
 
-    // A widget deleted by its owner frees its position and is not touched by
-    // the next relayout.
-    void registerWin_deletedByOwner()
-    {
-        MainWinTitleBar bar;
-        bar.show();
-        auto* first = new QWidget();
-        bar.registerWin(first, EBASETITLEBARDIR_RIGHT, key(120));
-        delete first;
-        QWidget second;
-        bar.registerWin(&second, EBASETITLEBARDIR_RIGHT, key(120));
-        counts(bar);
-        QVERIFY(second.parentWidget() == area(bar, 1) && second.isVisible());
-        bar.unRegisterWin(&second, EBASETITLEBARDIR_RIGHT, key(120));
-    }
-
     // unRegisterWin always hides and detaches the widget given; the
     // registration at the position (whoever holds it) is what goes.
     void unRegisterWin_data()
@@ -157,40 +133,6 @@ private slots:
         bar.registerWin(probe, EBASETITLEBARDIR_RIGHT, key(100));
         QCOMPARE(probe->parentWidget() == area(bar, 1), positionFreed);
         delete a;
-    }
-
-    // The text logo needs a custom theme and a readable product name; any read
-    // failure is logged and falls back to the standard logo.
-    void logo_data()
-    {
-        QTest::addColumn<QString>("ini");   // "" = no file at all, "-" = a missing file
-        QTest::addColumn<QString>("text");   // "" = the standard logo
-        QTest::newRow("built-in defaults") << "" << "";
-        QTest::newRow("default theme") << "[branding]\ntheme=default\nproductName=Acme\n" << "";
-        QTest::newRow("custom theme") << "[branding]\ntheme=acme\nproductName=Acme Guard\n" << "Acme Guard";
-        QTest::newRow("unreadable file") << "-" << "";
-    }
-    void logo()
-    {
-        QFETCH(QString, ini);
-        QFETCH(QString, text);
-        QString const path = m_dir.filePath(QString::fromLatin1(QTest::currentDataTag()).replace(' ', '_') + ".ini");
-        if (!ini.isEmpty() && ini != QLatin1String("-")) {
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(ini.toUtf8());
-        }
-        if (!ini.isEmpty())
-            DravoGuiConfig::setConfigPath(path);
-        TestLogCapture log;
-        MainWinTitleBar bar;
-        auto* logo = bar.findChild<CQLogoTitle*>();
-        QCOMPARE(logo->isTextLogo(), !text.isEmpty());
-        QCOMPARE(logo->text(), text);
-        bool const failed = ini == QLatin1String("-");
-        QCOMPARE(log.count(QStringLiteral("[MainWinTitleBarPrivate] get theme failed, ret1 is [%1]").arg(DravoGuiConfig::status())),
-                 failed ? 1 : 0);
-        QCOMPARE(log.lines().filter(QStringLiteral("[MainWinTitleBarPrivate] get ")).size(), failed ? 2 : 0);
     }
 };
 
