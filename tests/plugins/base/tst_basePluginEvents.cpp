@@ -31,8 +31,6 @@ BasePluginModelDataInterface* bridge()
     return BasePluginModelDataInterface::singleInstance();
 }
 
-QString const kWeakSent = QStringLiteral("[BasePlugin] =========== notify check Weak passwd to backend");
-
 void closePrompts()
 {
     for (QWidget* w : QApplication::topLevelWidgets()) {
@@ -296,16 +294,14 @@ private slots:
         TestLogCapture log;
         m_plugin->execCmd(EPLUGIN_ID_BASE_CMD_SILENT_STARTUP, QVariant());
         m_plugin->slot_update_data();   // arms the flag
-        QCOMPARE(log.count(kWeakSent), 0);
+        QCOMPARE(m_backend->weakPasswdRequests.loadRelaxed(), 0);
         m_plugin->slot_update_data();   // asks
         QCOMPARE(m_backend->weakPasswdRequests.loadRelaxed(), 1);
         if (acknowledged)
             QTRY_COMPARE(log.count(QStringLiteral("[BasePlugin] =========== backend receive weak passwd check, "
                                                   "d->m_needWeakPassdCheck.store(0);")), 1);
-        QCoreApplication::processEvents();
         m_plugin->slot_update_data();
         m_plugin->slot_update_data();
-        QCOMPARE(log.count(kWeakSent), acknowledged ? 1 : 3);
         QCOMPARE(m_backend->weakPasswdRequests.loadRelaxed(), acknowledged ? 1 : 3);
     }
 };

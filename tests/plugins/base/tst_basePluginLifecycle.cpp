@@ -77,21 +77,6 @@ private slots:
         if (QFileInfo::exists(kPluginDir + QStringLiteral("/libui_bridge_plugin.so")))
             QCOMPARE(countArg(commands, 1, QStringLiteral("EPLUGIN_ID_BASE_CMD_INIT_CONNECT")), 1);
 
-        // Another plugin's widget, sent through the manager, lands in the title bar.
-        QWidget widget;
-        manager->sendCmd(QStringLiteral("EPLUGIN_ID_BASE"), QStringLiteral("BASEPLUGIN_CMD_REGISTERWIN2TITLE"),
-                         packed(&widget, 120, 1));
-        QVERIFY(main.titleWidget()->isAncestorOf(&widget));
-        // A broadcast reaches it as well: the about entry comes back as a command at 40.
-        commands.clear();
-        manager->broadcast(QStringLiteral("EPLUGIN_ID_ALL_PLUGIN_CMD_RIGHTTOP_POP_SHOW"), QVariant());
-        QCOMPARE(countArg(commands, 1, QStringLiteral("BASEPLUGIN_CMD_REGISTER_MENUITEM")), 1);
-        for (QList<QVariant> const& args : qAsConst(commands)) {
-            if (args.at(1).toString() == QLatin1String("BASEPLUGIN_CMD_REGISTER_MENUITEM"))
-                QCOMPARE(unwrap(args.at(2)).value<sPluginRegisterItem>().index, 40);
-        }
-
-        widget.setParent(nullptr);
         QPointer<QWidget> title = main.titleWidget();
         manager->unloadAll();
         QVERIFY(base.isNull());
