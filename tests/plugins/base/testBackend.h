@@ -4,7 +4,7 @@
 #include "quorixbackendregistry.h"
 
 #include <QAtomicInt>
-#include <QMutex>
+#include <QAtomicPointer>
 #include <QThread>
 
 #include <memory>
@@ -22,15 +22,11 @@ public:
     QAtomicInt writes{0};
     QString const exitPassword = QStringLiteral("s3cret");
 
-    QThread* readyThread()
-    {
-        QMutexLocker lock(&m_mutex);
-        return m_readyThread;
-    }
+    QAtomicPointer<QThread> readyThread;
+
     bool isReady() override
     {
-        QMutexLocker lock(&m_mutex);
-        m_readyThread = QThread::currentThread();
+        readyThread.storeRelaxed(QThread::currentThread());
         return true;
     }
     int requestWeakPasswdCheck() override
@@ -75,8 +71,4 @@ public:
         return backend;
     }
     static void restore() { QuorixBackendRegistry::setBackend(nullptr); }
-
-private:
-    QMutex m_mutex;
-    QThread* m_readyThread = nullptr;
 };

@@ -29,7 +29,8 @@ public:
     QStringList lines() const
     {
         QFile file(QString::fromStdString(m_path));
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts) : QStringList();
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts)
+                                              : QStringList();
     }
     // Records whose message is `text` (a record ends with its message).
     int count(QString const& text) const

@@ -78,10 +78,13 @@ inline QVariant unwrap(QVariant const& v)
     return v.userType() == QMetaType::QVariant ? v.value<QVariant>() : v;
 }
 
-// How many recorded emissions carry `value` as argument `at`.
-inline int countArg(QSignalSpy const& spy, int at, QString const& value)
+// How many recorded emissions carry `value` as argument `at` (and `target`, if given, as argument 0).
+inline int countArg(QSignalSpy const& spy, int at, QString const& value, QString const& target = QString())
 {
-    return int(std::count_if(spy.begin(), spy.end(), [&](QList<QVariant> const& args) { return args.at(at).toString() == value; }));
+    auto const carries = [&](QList<QVariant> const& args) {
+        return args.at(at).toString() == value && (target.isEmpty() || args.at(0).toString() == target);
+    };
+    return int(std::count_if(spy.begin(), spy.end(), carries));
 }
 
 template <typename T>

@@ -6,7 +6,6 @@
 #include "mainWinTitleBar.h"
 
 #include <QLayout>
-#include <QPointer>
 #include <QtTest>
 
 namespace {

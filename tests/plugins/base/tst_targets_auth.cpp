@@ -1,4 +1,4 @@
-// Authentication status icon: keyed items, combined state, title-bar requests.
+// Authentication status icon: keyed items, their status and the title-bar requests.
 
 #include "authMgr.h"
 #include "authMgritem.h"
