@@ -80,7 +80,8 @@ QString ConstConfig::defaultLogoIconPath()
 
 QString ConstConfig::defaultHomePageContent()
 {
-    return QString::fromUtf8("安全守护每一刻");
+    // No text of the brand's own: the home page keeps the title it was given.
+    return QString();
 }
 
 QString ConstConfig::xdgDir(char const* variable, QString const& homeRelative)

@@ -14,7 +14,7 @@ int const kExitTimeoutMs = 10000;
 
 QString buildRoot()
 {
-    return qEnvironmentVariable("QUORIX_ROOT");
+    return qEnvironmentVariable("QUORIX_ROOT", QStringLiteral(TST_BUILD_ROOT));
 }
 
 bool isBuilt(QString const& module)

@@ -61,7 +61,7 @@ void TstKitConfig::branding_data()
     QTest::addColumn<int>("ret");
     QTest::addColumn<QStringList>("values");   // theme, productName, logoIconPath, homePageContent
 
-    QStringList const defaults{"default", "Quorix终端安全管理系统", ":/img/logo.ico", "安全守护每一刻"};
+    QStringList const defaults{"default", "Quorix终端安全管理系统", ":/img/logo.ico", ""};
     QStringList const chinese{"blue", "天擎终端安全", "/opt/q/logo.png", "守护每一台终端"};
     QStringList const untouched{kKeep, kKeep, kKeep, kKeep};
     int const unreadable = DravoGuiConfig::ErrUnreadable;

@@ -168,8 +168,8 @@ private slots:
         qDeleteAll(cards);
     }
 
-    // A custom theme replaces the title by its home-page text (a blank one reads
-    // as the built-in text).
+    // A custom theme replaces the title by its home-page text; a blank one keeps
+    // the title the page was given.
     void title_data()
     {
         QTest::addColumn<QString>("ini");   // "-": a missing file
@@ -178,8 +178,9 @@ private slots:
         QString const product = QString::fromUtf8("Quorix终端安全管理系统");
         QTest::newRow("default theme") << "[branding]\ntheme=default\nhomePageContent=Hello\n" << product << product;
         QTest::newRow("custom theme") << "[branding]\ntheme=acme\nhomePageContent=  Hello Acme  \n" << product << "Hello Acme";
-        QTest::newRow("custom theme, blank text: the built-in text") << "[branding]\ntheme=acme\nhomePageContent=   \n"
-                                                                << product << QString::fromUtf8("安全守护每一刻");
+        QTest::newRow("custom theme, blank text") << "[branding]\ntheme=acme\nhomePageContent=   \n" << product << product;
+        QTest::newRow("custom theme, no text, default title")
+            << "[branding]\ntheme=acme\n" << QString::fromUtf8("安全守护每一刻") << QString::fromUtf8("安全守护每一刻");
         QTest::newRow("unreadable configuration") << "-" << product << product;
     }
     void title()
