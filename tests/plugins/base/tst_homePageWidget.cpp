@@ -1,14 +1,18 @@
 // The home page's column of keyed rows, its data area, card row and title,
-// and the message tip the plugin puts on it.
+// and the two parts the plugin puts on it: the message tip and the version card.
 
+#include "bridgerecords.h"
 #include "cardsWin.h"
 #include "cqlabel.h"
 #include "dravoguiconfig.h"
 #include "homePageWidget.h"
 #include "messageTip.h"
 #include "submessagetipiteminterface.h"
+#include "testBackend.h"
 #include "testLogCapture.h"
 #include "testPluginFixture.h"
+#include "upgradepluginmodeldatainterface.h"
+#include "versionStatusCardWin.h"
 
 #include <QAction>
 #include <QLayout>
@@ -24,6 +28,14 @@ QWidget* row(QString const& name, QWidget* parent = nullptr)
     w->setObjectName(name);
     w->setFixedSize(100, 20);
     return w;
+}
+
+_VERINFO_ entry(int kind, QString const& version)
+{
+    _VERINFO_ info;
+    info.kind = kind;
+    info.version = version;
+    return info;
 }
 
 } // namespace
@@ -234,6 +246,41 @@ private slots:
         }
         QVERIFY(first && !first->parentWidget());
         delete first.data();
+    }
+
+    // Library versions from the upgrade bridge: kind 1 virus, 4 vulnerability,
+    // in list order; an empty version or none at all shows "--".
+    void versionCard_data()
+    {
+        QTest::addColumn<QList<_VERINFO_>>("versions");
+        QTest::addColumn<QString>("virus");
+        QTest::addColumn<QString>("vulnerability");
+        QTest::newRow("both") << QList<_VERINFO_>{entry(4, "2024.04.30"), entry(1, "2024.05.01")} << "2024.05.01"
+                              << "2024.04.30";
+        QTest::newRow("other kinds skipped") << QList<_VERINFO_>{entry(0, "w"), entry(2, "x"), entry(7, "z")} << "--"
+                                             << "--";
+        QTest::newRow("last of a kind wins") << QList<_VERINFO_>{entry(4, "a"), entry(4, "b"), entry(1, "c")} << "c"
+                                             << "b";
+        QTest::newRow("empty version back to dashes") << QList<_VERINFO_>{entry(1, "a"), entry(1, "")} << "--" << "--";
+        QTest::newRow("empty list") << QList<_VERINFO_>{} << "--" << "--";
+    }
+    void versionCard()
+    {
+        QFETCH(QList<_VERINFO_>, versions);
+        QFETCH(QString, virus);
+        QFETCH(QString, vulnerability);
+        TestBackend::install();   // answers with no library at all
+        QCoreApplication::sendPostedEvents();   // no stale answer may pass for the card's own
+        QSignalSpy answered(UpgradePluginModelDataInterface::singleInstance(),
+                            &UpgradePluginModelDataInterface::sig_checkUpdateInfo);
+        VersionStatusCardWin card;
+        QVERIFY(answered.wait());
+        QCOMPARE(card.virusVersion(), QStringLiteral("--"));
+        QCOMPARE(card.vulnerabilityVersion(), QStringLiteral("--"));
+        card.slot_checkUpgradeInfo(QStringLiteral("test-user"), versions);
+        QCOMPARE(card.virusVersion(), virus);
+        QCOMPARE(card.vulnerabilityVersion(), vulnerability);
+        TestBackend::restore();
     }
 };
 

@@ -1,6 +1,7 @@
-// About dialog: the keyed badge row.
+// About dialog: the short client version and the keyed badge row.
 
 #include "cWinAbout.h"
+#include "cWinAbout_p.h"
 #include "myStackedWins1.h"
 
 #include <QLabel>
@@ -27,6 +28,27 @@ class TstTargetsAbout : public QObject
 
 private slots:
     void initTestCase() { Q_INIT_RESOURCE(ui_base); }
+
+    // Cut at the first dot from position 3 on, so a one- or two-digit major
+    // keeps its minor.
+    void simpleClientVersion_data()
+    {
+        QTest::addColumn<QString>("version");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("two-digit major") << "10.0.0.7550" << "10.0";
+        QTest::newRow("one-digit major") << "1.0.0.7550" << "1.0";
+        QTest::newRow("dots at 0 and 2 skipped") << ".1.2.3" << ".1.2";
+        QTest::newRow("dot at 1 only") << "1.0" << "1.0";
+        QTest::newRow("three-digit major") << "100.5.1" << "100";
+        QTest::newRow("no dot") << "7550" << "7550";
+        QTest::newRow("empty") << "" << "";
+    }
+    void simpleClientVersion()
+    {
+        QFETCH(QString, version);
+        QFETCH(QString, expected);
+        QCOMPARE(CWinAboutPrivate::GetSimpleClientVersion(version), expected);
+    }
 
     // Badges stand around the dialog's own version badge (key 10) in key
     // order; the first at a key wins; the dialog hands them back when it goes.

@@ -4,12 +4,18 @@
 #include "bridgerecords.h"
 #include "closeMainPanelSettingSubItem.h"
 #include "commonSetting.h"
+#include "cqtoastwidget.h"
 #include "framelinkproxy.h"
+#include "navigatewidget.h"
+#include "promptdialog.h"
 #include "settingCentreWidget.h"
 #include "settingCentreWidgetMgr.h"
 #include "settingpluginmodeldatainterface.h"
+#include "simulatedsettingsstore.h"
 
 #include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -23,6 +29,50 @@ QVariant closeAction(int value)
     return QVariant::fromValue(record);
 }
 
+bool toastShown(QString const& text)
+{
+    for (QWidget* w : QApplication::allWidgets()) {
+        if (auto* toast = qobject_cast<CQToastWidget*>(w); toast && toast->text() == text)
+            return true;
+    }
+    return false;
+}
+
+// Answers every question dialog as it comes up, the way the user would, and
+// counts them.
+class PromptAnswerer : public QObject
+{
+public:
+    explicit PromptAnswerer(bool accept)
+        : m_accept(accept)
+    {
+        qApp->installEventFilter(this);
+    }
+    int asked = 0;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto* dialog = qobject_cast<PromptDialog*>(watched);
+        if (dialog && event->type() == QEvent::Show) {
+            ++asked;
+            QMetaObject::invokeMethod(dialog, m_accept ? "accept" : "reject", Qt::QueuedConnection);
+        }
+        return false;
+    }
+
+private:
+    bool m_accept;
+};
+
+class OtherPage : public SettingItemWidget
+{
+public:
+    OtherPage() { setObjectName(QStringLiteral("OtherPage")); }
+    QString getBarName() override { return QStringLiteral("其他设置"); }
+    QString getBarObject() override { return QStringLiteral("OtherPage"); }
+};
+
 } // namespace
 
 class TstTargetsSettings : public QObject
@@ -32,6 +82,8 @@ class TstTargetsSettings : public QObject
     QTemporaryDir m_configDir;
     CommonSetting* m_pPage = nullptr;
     CloseMainPanelSettingSubItem* m_pRow = nullptr;
+
+    void choose(char const* radio) { m_pRow->findChild<QRadioButton*>(QString::fromLatin1(radio))->click(); }
 
 private slots:
     void initTestCase()
@@ -124,6 +176,77 @@ private slots:
         mgr->unRegisterItem(m_pPage);
         QTRY_VERIFY(window.isNull());
         QVERIFY(!m_pPage->parentWidget());
+    }
+
+    // Leaving a page with an unsaved row (switching by slot or by the list,
+    // or hiding) asks first: "no" keeps the page and the edit, "yes" goes on
+    // and the row shows what is stored again. Nothing unsaved asks nothing.
+    void unsavedEditAsks_data()
+    {
+        QTest::addColumn<int>("leave");   // 0 switch page, 1 click the other page in the list, 2 hide
+        QTest::addColumn<bool>("edit");
+        QTest::addColumn<bool>("accept");
+        QTest::addColumn<int>("asked");
+        QTest::addColumn<bool>("left");
+        QTest::newRow("switch, no") << 0 << true << false << 1 << false;
+        QTest::newRow("switch, yes") << 0 << true << true << 1 << true;
+        QTest::newRow("list click, no") << 1 << true << false << 1 << false;
+        QTest::newRow("list click, yes") << 1 << true << true << 1 << true;
+        QTest::newRow("hide, no") << 2 << true << false << 1 << false;
+        QTest::newRow("hide, yes") << 2 << true << true << 1 << true;
+        QTest::newRow("switch, nothing unsaved") << 0 << false << false << 0 << true;
+        QTest::newRow("hide, nothing unsaved") << 2 << false << false << 0 << true;
+    }
+    void unsavedEditAsks()
+    {
+        QFETCH(int, leave);
+        QFETCH(bool, edit);
+        QFETCH(bool, accept);
+        QFETCH(int, asked);
+        QFETCH(bool, left);
+        SettingCentreWidget centre;
+        OtherPage other;
+        QVERIFY(centre.addItem(m_pPage) && centre.addItem(&other));
+        centre.activateShow();
+        QCOMPARE(centre.currentItem(), m_pPage);
+        if (edit)
+            choose("m_pRadioBtnAsk");
+        PromptAnswerer answerer(accept);
+        if (leave == 0)
+            centre.slot_currentChanged(1);
+        else if (leave == 1)
+            centre.findChild<NavigateWidget*>()->setCurrentItem(&other);
+        else
+            QCOMPARE(centre.tryHide(), left);
+        QCOMPARE(answerer.asked, asked);
+        QCOMPARE(centre.isVisible(), !(left && leave == 2));
+        QCOMPARE(centre.currentItem(), left && leave != 2 ? static_cast<SettingItemWidget*>(&other) : m_pPage);
+        QCOMPARE(m_pRow->checkedValue(), left ? 0 : 2);
+        centre.removeItem(other.getBarName());
+        centre.removeItem(m_pPage->getBarName());
+    }
+
+    // The save button stores the edit in the settings file and says so; a
+    // fresh row reads it back; an open page follows a write made elsewhere.
+    void saveRoundTrip()
+    {
+        SettingCentreWidget centre;
+        QVERIFY(centre.addItem(m_pPage));
+        centre.activateShow();
+        choose("m_pRadioBtnMinimize");
+        QVERIFY(!m_pPage->slot_isSavedPageInfo());
+        m_pPage->saveButton()->click();
+        QTRY_VERIFY(toastShown(QString::fromUtf8("常规设置 设置保存成功")));
+        QVERIFY(m_pPage->slot_isSavedPageInfo());
+        SimulatedSettingsStore file(m_configDir.filePath(QStringLiteral("settings.ini")));
+        QVERIFY(file.load());
+        QCOMPARE(file.value(QStringLiteral("common"), QStringLiteral("closeAction")), QStringLiteral("1"));
+        CloseMainPanelSettingSubItem fresh;
+        QVERIFY(fresh.slot_updatePageInfo());
+        QCOMPARE(fresh.checkedValue(), 1);
+        QVERIFY(SettingPluginModelDataInterface::singleInstance()->setSettingData(closeAction(2)));
+        QTRY_COMPARE(m_pRow->checkedValue(), 2);
+        centre.removeItem(m_pPage->getBarName());
     }
 };
 

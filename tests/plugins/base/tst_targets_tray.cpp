@@ -1,11 +1,14 @@
-// Tray menu and goods shelf: keyed registration.
+// Tray menu and goods shelf: keyed registration; the tray icon: the display
+// protocol it finds and where its clicks go.
 
+#include "basepluginmodeldatainterface.h"
 #include "goodsShelf.h"
 #include "menuWidget.h"
 #include "trayWidget.h"
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QSignalSpy>
 #include <QtTest>
 
 namespace {
@@ -103,6 +106,76 @@ private slots:
         QCOMPARE(tray->menu()->items(), (QList<QWidget*>{&row}));
         tray->unRegistMenu(&row, 20);
         QVERIFY(tray->menu()->items().isEmpty() && !row.parentWidget());
+    }
+
+    void displayProtocol_data()
+    {
+        QTest::addColumn<QByteArrayList>("env");   // XDG_SESSION_TYPE, WAYLAND_DISPLAY, DISPLAY
+        QTest::addColumn<int>("expected");         // 1 X11, 2 Wayland
+        QTest::newRow("session wayland wins over DISPLAY") << QByteArrayList{"wayland", "", ":0"} << 2;
+        QTest::newRow("session x11 wins over WAYLAND_DISPLAY") << QByteArrayList{"x11", "wayland-0", ""} << 1;
+        QTest::newRow("tty, both set: Wayland") << QByteArrayList{"tty", "wayland-0", ":0"} << 2;
+        QTest::newRow("upper-case Wayland not trusted") << QByteArrayList{"Wayland", "", ":0"} << 1;
+        QTest::newRow("WAYLAND_DISPLAY only") << QByteArrayList{"", "wayland-0", ""} << 2;
+        QTest::newRow("DISPLAY only") << QByteArrayList{"", "", ":1"} << 1;
+        QTest::newRow("nothing set: X11") << QByteArrayList{"", "", ""} << 1;
+    }
+    void displayProtocol()
+    {
+        QFETCH(QByteArrayList, env);
+        QFETCH(int, expected);
+        char const* const names[] = {"XDG_SESSION_TYPE", "WAYLAND_DISPLAY", "DISPLAY"};
+        QByteArrayList saved;
+        QList<bool> wasSet;
+        for (int i = 0; i < 3; ++i) {
+            saved << qgetenv(names[i]);
+            wasSet << qEnvironmentVariableIsSet(names[i]);
+            env.at(i).isEmpty() ? qunsetenv(names[i]) : qputenv(names[i], env.at(i));
+        }
+        int const protocol = TrayWidget::singleInstance()->displayProtocol();
+        for (int i = 0; i < 3; ++i)
+            wasSet.at(i) ? qputenv(names[i], saved.at(i)) : qunsetenv(names[i]);
+        QCOMPARE(protocol, expected);
+    }
+
+    // Left click: the centre (on Ubuntu the menu too); right click: the menu,
+    // once while it is open, and its going away is announced; double and
+    // middle clicks: nothing.
+    void clicksReachTheBridge_data()
+    {
+        QTest::addColumn<QList<int>>("reasons");
+        QTest::addColumn<int>("centre");
+        QTest::addColumn<int>("menu");   // openings, leaving Ubuntu's left click aside
+        QTest::newRow("double, middle") << QList<int>{QSystemTrayIcon::DoubleClick, QSystemTrayIcon::MiddleClick} << 0 << 0;
+        QTest::newRow("left") << QList<int>{QSystemTrayIcon::Trigger} << 1 << 0;
+        QTest::newRow("right") << QList<int>{QSystemTrayIcon::Context} << 0 << 1;
+        QTest::newRow("right twice") << QList<int>{QSystemTrayIcon::Context, QSystemTrayIcon::Context} << 0 << 1;
+    }
+    void clicksReachTheBridge()
+    {
+        QFETCH(QList<int>, reasons);
+        QFETCH(int, centre);
+        QFETCH(int, menu);
+        TrayWidget* tray = TrayWidget::singleInstance();
+        tray->init();
+        QLabel row;
+        row.setFixedHeight(40);
+        tray->registMenu(&row, 20);
+        BasePluginModelDataInterface* bridge = BasePluginModelDataInterface::singleInstance();
+        QSignalSpy centreShow(bridge, &BasePluginModelDataInterface::sig_centerShow);
+        QSignalSpy popShow(bridge, &BasePluginModelDataInterface::sig_trayPopShow);
+        QSignalSpy popHide(bridge, &BasePluginModelDataInterface::sig_trayPopHide);
+        for (int reason : qAsConst(reasons))
+            tray->slot_iconActivated(QSystemTrayIcon::ActivationReason(reason));
+        if (tray->osName().find("ubuntu") != std::string::npos)
+            menu += centre;
+        QCOMPARE(centreShow.count(), centre);
+        QCOMPARE(popShow.count(), menu);
+        QCOMPARE(tray->menu()->isVisible(), menu > 0);
+        QCOMPARE(popHide.count(), 0);
+        tray->menu()->myHide();
+        QCOMPARE(popHide.count(), menu);
+        tray->unRegistMenu(&row, 20);
     }
 };
 
