@@ -9,7 +9,6 @@ PACKAGES=(
   qt5-image-formats-plugins
   fonts-noto-cjk
   dbus dbus-x11 xvfb xauth x11-utils
-  librsvg2-bin
   clang libclang-rt-14-dev
   lsb-release
 )
