@@ -84,24 +84,14 @@ void PromotWin::Private::InitUI()
 
 void PromotWin::Private::InitUIBody(QVBoxLayout* main)
 {
-    auto* body = new QHBoxLayout;
-    body->setContentsMargins(24, 24, 24, 0);
-    body->setSpacing(12);
     icon = new CQNoticeIcon(CQNoticeIcon::ICON_INFO, q);
-    icon->setFixedSize(24, 24);
-    body->addWidget(icon, 0, Qt::AlignTop);
-
-    auto* texts = new QVBoxLayout;
-    texts->setContentsMargins(0, 0, 0, 0);
-    texts->setSpacing(8);
+    QVBoxLayout* texts = basegui::detail::addNoticeBody(main, icon);
     text = textLabel("m_pLabText", q);
     subText = textLabel("m_pLabSubText", q);
     detail = textLabel("m_pLabDetail", q);
     texts->addWidget(text);
     texts->addWidget(subText);
     texts->addWidget(detail);
-    body->addLayout(texts, 1);
-    main->addLayout(body);
 }
 
 void PromotWin::Private::InitUIBottom(QVBoxLayout* main)

@@ -61,20 +61,12 @@ void PromptDialog::InitUI()
     m_pTitleWin->setParas(PromptTitleWin::TYPE_NORMAL, QString::fromUtf8("提示"), false, true);
     main->addWidget(m_pTitleWin);
 
-    auto* body = new QHBoxLayout;
-    body->setContentsMargins(24, 24, 24, 0);
-    body->setSpacing(12);
     m_pIcon = new CQNoticeIcon(CQNoticeIcon::ICON_WARNING, this);
-    m_pIcon->setFixedSize(24, 24);
-    body->addWidget(m_pIcon, 0, Qt::AlignTop);
-    auto* lines = new QVBoxLayout;
-    lines->setSpacing(8);
+    QVBoxLayout* lines = basegui::detail::addNoticeBody(main, m_pIcon);
     m_pLabLine1 = lineLabel("m_pLabLine1", this);
     m_pLabLine2 = lineLabel("m_pLabLine2", this);
     lines->addWidget(m_pLabLine1);
     lines->addWidget(m_pLabLine2);
-    body->addLayout(lines, 1);
-    main->addLayout(body);
 
     auto* bottom = new QHBoxLayout;
     bottom->setContentsMargins(24, 24, 24, 24);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "cqnoticeicon.h"
+
+#include <QBoxLayout>
 #include <QLayout>
 #include <QWidget>
 
@@ -18,6 +21,23 @@ inline void fitHeightToWidth(QWidget* w)
     int const height = layout->hasHeightForWidth() ? layout->totalHeightForWidth(w->width())
                                                    : layout->totalSizeHint().height();
     w->setFixedHeight(height);
+}
+
+// The body every prompt shares: its notice icon at the top left and, beside it,
+// the column that takes the prompt's texts (returned for the caller to fill).
+inline QVBoxLayout* addNoticeBody(QVBoxLayout* main, CQNoticeIcon* icon)
+{
+    auto* body = new QHBoxLayout;
+    body->setContentsMargins(24, 24, 24, 0);
+    body->setSpacing(12);
+    icon->setFixedSize(24, 24);
+    body->addWidget(icon, 0, Qt::AlignTop);
+    auto* texts = new QVBoxLayout;
+    texts->setContentsMargins(0, 0, 0, 0);
+    texts->setSpacing(8);
+    body->addLayout(texts, 1);
+    main->addLayout(body);
+    return texts;
 }
 
 } // namespace detail
