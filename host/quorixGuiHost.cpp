@@ -23,6 +23,7 @@ QString const kProductName = QStringLiteral("Quorix终端安全管理系统");
 QString const kBaseId = QStringLiteral("EPLUGIN_ID_BASE");
 QString const kCmdMainExit = QStringLiteral("EPLUGIN_ID_BASE_CMD_MAINEXIT");
 QString const kCmdSilentStartup = QStringLiteral("EPLUGIN_ID_BASE_CMD_SILENT_STARTUP");
+QString const kCmdMainWindowShow = QStringLiteral("EPLUGIN_ID_BASE_CMD_MAINWINDOW_SHOW");
 int const kWindowWidth = 1000;
 int const kWindowHeight = 580;
 
@@ -158,6 +159,21 @@ void QuorixGuiHost::slot_command(QString target, QString cmd, QVariant para)
     Q_UNUSED(para);
     if (cmd == kCmdMainExit)
         requestQuit("main exit command");
+    else if (cmd == kCmdMainWindowShow)
+        showMainWindow();
+}
+
+// What the tray's left click and a second start ask for: the window back in
+// front of the user, whether it was hidden, minimised or behind others.
+void QuorixGuiHost::showMainWindow()
+{
+    if (!m_pMainWindow)
+        return;
+    m_pMainWindow->setWindowState((m_pMainWindow->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    m_pMainWindow->show();
+    m_pMainWindow->raise();
+    m_pMainWindow->activateWindow();
+    BFLOG(BFLOG_INFO, kModule, "[QuorixGuiHost] main window shown on request");
 }
 
 void QuorixGuiHost::requestQuit(char const* why)

@@ -54,6 +54,7 @@ private:
     void slot_command(QString target, QString cmd, QVariant para);
     void slot_pluginLoaded(QString id);
     void slot_silentStartup();
+    void showMainWindow();
     void requestQuit(char const* why);
 
     Options m_options;

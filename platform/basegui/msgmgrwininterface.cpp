@@ -1,6 +1,7 @@
 #include "msgmgrwininterface.h"
 
 #include "clogdebug.h"
+#include "cqbutton.h"
 
 #include <QCloseEvent>
 
@@ -31,6 +32,16 @@ int MsgMgrWinInterface::changUIType(eUIType type)
 MsgMgrWinInterface::eUIType MsgMgrWinInterface::uiType() const
 {
     return m_uiType;
+}
+
+void MsgMgrWinInterface::setCountdownPaused(bool paused)
+{
+    for (CQButton* button : findChildren<CQButton*>()) {
+        if (paused && button->isCounting())
+            button->setTime(button->remainingTime(), false);
+        else if (!paused && !button->isCounting() && button->remainingTime() > 0)
+            button->startTime();
+    }
 }
 
 int MsgMgrWinInterface::registerMetaType()

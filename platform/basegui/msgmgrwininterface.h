@@ -22,6 +22,11 @@ public:
     // Records the look; subclasses restyle and call the base. Returns 0.
     virtual int changUIType(eUIType type);
     eUIType uiType() const;
+    // Holds or resumes the window's count-down (the message manager pauses it
+    // while the pointer rests on the window). The default acts on every
+    // counting CQButton of the window; a window whose deadline must not move
+    // overrides it to do nothing.
+    virtual void setCountdownPaused(bool paused);
 
     // Registers sMsgMgrWinInfo with the meta-type system under "sMsgMgrWinInfo"
     // (idempotent); returns its type id.

@@ -76,8 +76,7 @@ void TstProbeRealTrees::knownTrees_data()
     // The file looked for is "debian-version", which Debian does not have.
     row("ans_debian10", "0|debian||ARCH|1");
     row("ans_deepin_20.4", "1|deepin|20.4|ARCH|1");
-    // os-release holds only the text of a symbolic link: no ID.
-    row("pd_rocky", "0|||ARCH|1");
+    row("pd_rocky", "1|rocky|8.4|ARCH|1");
     // The release-file table alone.
     row("pd_rocky", "1|rocky|8.4|ARCH|1", true);
     row("ans_sles12sp1", "1|suse|12|ARCH|1", true);

@@ -10,6 +10,7 @@ class AuthMgr;
 class BasePluginPrivate;
 class CommonSetting;
 class MessageTip;
+class MsgMgrWinInterface;
 class VersionStatusCardWin;
 class CQLabel;
 class CQMenu;
@@ -88,6 +89,8 @@ public slots:
     void slot_updateProtectDays(unsigned int days);
     void slot_shutdown_reboot_notice(int method, int time);
     void slot_device_mgr_msg(__sDeviceMgrPopup info);
+    // The user's answer to a shutdown or restart order, or its count-down.
+    void slot_boot(eDevMgr method);
 
 private:
     friend class BasePluginCmd;
@@ -108,6 +111,7 @@ private:
     void showQuitConfirmWin();
     void showInputQuitPasswordWin();
     void updateHomeFallback();
+    void registerWithMsgMgr(MsgMgrWinInterface* window);
     void sendToSelf(char const* cmd, QObject* object, int index, QVariant const& extra = QVariant());
 
     BasePluginPrivate* d_ptr = nullptr;

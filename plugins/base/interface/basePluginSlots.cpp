@@ -13,7 +13,6 @@
 #include "framelinkproxy.h"
 #include "homePageWidget.h"
 #include "mainWinTitleBar.h"
-#include "promotwin.h"
 #include "trayWidget.h"
 
 #include <QLabel>
@@ -135,62 +134,6 @@ void BasePlugin::updateProtectDays(unsigned int days)
     if (!m_pLabelHint)
         return;
     m_pLabelHint->setText(tr("已保护您的电脑 <font color=#356DEE>%2 </font> 天").arg(days, 0, 10, QLatin1Char(' ')));
-}
-
-void BasePlugin::slot_device_mgr_msg(__sDeviceMgrPopup info)
-{
-    BFLogPrintX(2, kModule, __FUNCTION__, __LINE__, "[BasePlugin] receive devicesmgr gui popup msg");
-    if (info.winTitle.isEmpty()) {
-        BFLogPrintX(3, kModule, __FUNCTION__, __LINE__, "[BasePlugin] winTitle is empty, not popup");
-        return;
-    }
-    if (info.title.isEmpty() && info.content.isEmpty()) {
-        BFLogPrintX(3, kModule, __FUNCTION__, __LINE__, "[BasePlugin] title and content are empty, not popup");
-        return;
-    }
-    if (info.btnText.isEmpty()) {
-        BFLogPrintX(3, kModule, __FUNCTION__, __LINE__, "[BasePlugin] btnText is empty, use default text");
-        info.btnText = QString::fromUtf8("知道了");
-    }
-    if (info.time == 0) {
-        BFLogPrintX(3, kModule, __FUNCTION__, __LINE__, "[BasePlugin] time is 0, use default time");
-        info.time = -1;
-    }
-}
-
-// One prompt for all backend notices, reused while it is open. Unlike the
-// other pop-ups it is not handed to the message manager.
-void BasePlugin::slot_noticeWin(_sNoticeWinInfo_ info)
-{
-    if (!d_ptr)
-        return;
-    if (!d_ptr->m_pNoticeWin)
-        d_ptr->m_pNoticeWin = new PromotWin(d_ptr->m_pMainWindow);
-    // Notice types 1 and 2 swap their prompt kinds on purpose.
-    static int const kKinds[] = {PromotWin::KIND_INFO, PromotWin::KIND_WARNING, PromotWin::KIND_SUCCESS,
-                                 PromotWin::KIND_ERROR, PromotWin::KIND_URGENT};
-    bool const known = info.noticeType >= 0 && info.noticeType < int(sizeof(kKinds) / sizeof(kKinds[0]));
-    PromotWin::sInfo paras;
-    paras.modal = 0;
-    paras.kind = known ? kKinds[info.noticeType] : PromotWin::KIND_INFO;
-    paras.title = info.text1;
-    paras.text = info.text2;
-    paras.subText = info.text3;
-    paras.detail = info.text4;
-    paras.rightBtnText = QString::fromUtf8("知道了");
-    paras.rightBtnKind = 0;
-    d_ptr->m_pNoticeWin->setParas(paras);
-    d_ptr->m_pNoticeWin->show();
-}
-
-void BasePlugin::slot_UniNotifyMsg(__sUniNoticeMsgInfo info)
-{
-    BFLogPrintX(2, kModule, __FUNCTION__, __LINE__, "[BasePlugin] receive uni notify msg, id [%s]", qUtf8Printable(info.id));
-}
-
-void BasePlugin::slot_shutdown_reboot_notice(int method, int time)
-{
-    BFLogPrintX(2, kModule, __FUNCTION__, __LINE__, "[BasePlugin] receive shutdown reboot notice, method [%d] time [%d]", method, time);
 }
 
 void BasePlugin::slot_showTestMainWin()

@@ -6,6 +6,7 @@
 #include <QPointer>
 
 class AuthMgr;
+class BootWin;
 class ClientUpgradeItemWin;
 class CommonSetting;
 class CloseMainPanelSettingSubItem;
@@ -75,6 +76,8 @@ public:
     QPointer<MainExitAskWin> m_pAskWin;
     QPointer<MainExitInputPassword> m_pInputPassword;
     QPointer<PromotWin> m_pNoticeWin;
+    // One shutdown/restart order at a time: a second order updates it.
+    QPointer<BootWin> m_pBootWin;
     // Actions other plugins put into the right-top menu; an unregistration is
     // matched against these by address before anything is dereferenced.
     QList<QPointer<QAction>> m_menuActions;
