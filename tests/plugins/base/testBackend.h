@@ -20,6 +20,9 @@ public:
     QAtomicInt acceptWeakPasswdCheck{1};
     QAtomicInt weakPasswdRequests{0};
     QAtomicInt writes{0};
+    // Power orders the GUI passed on: last shutdown method, restart count.
+    QAtomicInt shutdownMethod{-1};
+    QAtomicInt reboots{0};
     QString const exitPassword = QStringLiteral("s3cret");
 
     QAtomicPointer<QThread> readyThread;
@@ -56,8 +59,16 @@ public:
     QString virusDataVersion() override { return QStringLiteral("2024.05.01"); }
     unsigned int guardDays() override { return 42; }
     quint64 baseInfo() override { return 7; }
-    int shutdown(int) override { return 0; }
-    int reboot() override { return 0; }
+    int shutdown(int method) override
+    {
+        shutdownMethod.storeRelaxed(method);
+        return 0;
+    }
+    int reboot() override
+    {
+        reboots.fetchAndAddRelaxed(1);
+        return 0;
+    }
     void trayMenuShown() override {}
     QString userId() override { return QStringLiteral("test-user"); }
     QList<_VERINFO_> libraryVersions(int) override { return {}; }

@@ -2,6 +2,10 @@
 // refresh: texts, broadcasts, windows and log lines.
 
 #include "baseCmdDefine.h"
+#include "bootWin.h"
+#include "devicePopWin.h"
+#include "msgmgrwininterface.h"
+#include "uniNoticeMsg.h"
 #include "basepluginmodeldatainterface.h"
 #include "cWinAbout.h"
 #include "cqcloudbrainlabel.h"
@@ -11,6 +15,8 @@
 #include "homePageWidget.h"
 #include "mainWinTitleBar.h"
 #include "promotwin.h"
+#include "prompttitlewin.h"
+#include "cqbutton.h"
 #include "settingCentreWidget.h"
 #include "settingCentreWidgetMgr.h"
 #include "testBackend.h"
@@ -18,6 +24,7 @@
 #include "testPluginFixture.h"
 
 #include <QLabel>
+#include <QUuid>
 #include <QtTest>
 
 #include <memory>
@@ -32,9 +39,35 @@ BasePluginModelDataInterface* bridge()
 void closePrompts()
 {
     for (QWidget* w : QApplication::topLevelWidgets()) {
-        if (qobject_cast<PromotWin*>(w))
+        if (qobject_cast<PromotWin*>(w) || qobject_cast<MsgMgrWinInterface*>(w))
             w->close();
     }
+    TestPluginFixture::flushDeletes();
+}
+
+template <typename T>
+int liveWindows()
+{
+    int n = 0;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        n += qobject_cast<T*>(w) != nullptr;
+    return n;
+}
+
+// The windows handed to the message manager, in order (some may be gone
+// since: compared, never dereferenced here).
+QList<MsgMgrWinInterface*> registered(QSignalSpy const& sig1)
+{
+    QList<MsgMgrWinInterface*> out;
+    for (QList<QVariant> const& args : sig1) {
+        if (args.at(0).toString() == QLatin1String(EPLUGIN_ID_MSGMGR)
+            && args.at(1).toString() == QLatin1String(EPLUGIN_ID_MSGMGR_CMD_REGISTER_WIN)) {
+            sMsgMgrWinInfo const info = unwrap(args.at(2)).value<sMsgMgrWinInfo>();
+            if (info.ownerPluginId == QLatin1String(EPLUGIN_ID_BASE) && info.priority == 10 && !info.winId.isEmpty())
+                out << info.window;
+        }
+    }
+    return out;
 }
 
 bool settingsCentreShown()
@@ -201,6 +234,93 @@ private slots:
         QCOMPARE(all.size(), warned.size() + 1);
         for (int i = 0; i < warned.size(); ++i)
             QVERIFY2(all.at(i + 1).endsWith(warned.at(i)) && all.at(i + 1).contains(" WARN"), qPrintable(all.at(i + 1)));
+        bool const shown = warned.filter(QStringLiteral("not popup")).isEmpty();
+        QList<DevicePopWin*> const windows = openWindows<DevicePopWin>();
+        QCOMPARE(windows.size(), shown ? 1 : 0);
+        QCOMPARE(registered(*m_sig1).size(), shown ? 1 : 0);
+        if (!shown)
+            return;
+        QCOMPARE(registered(*m_sig1).first(), windows.first());
+        auto* button = windows.first()->findChild<CQButton*>(QStringLiteral("m_pBtnMain"));
+        QCOMPARE(button->plainText(), fields.at(3).isEmpty() ? QString::fromUtf8("知道了") : fields.at(3));
+        QCOMPARE(button->isCounting(), fields.at(4).toInt() > 0);
+    }
+
+    // One window per notice id, updated in place and registered again; an
+    // empty id is a new notice every time; a closed notice's id is free again.
+    void uniNotices_data()
+    {
+        QTest::addColumn<QStringList>("ids");        // one notice per entry; "close" closes every notice
+        QTest::addColumn<int>("windowsCreated");
+        QTest::addColumn<int>("registrations");
+        QTest::newRow("same id twice") << QStringList{"a", "a"} << 1 << 2;
+        QTest::newRow("two ids") << QStringList{"a", "b"} << 2 << 2;
+        QTest::newRow("empty ids") << QStringList{"", ""} << 2 << 2;
+        QTest::newRow("same id after close") << QStringList{"a", "close", "a"} << 2 << 2;
+    }
+    void uniNotices()
+    {
+        QFETCH(QStringList, ids);
+        QFETCH(int, windowsCreated);
+        QFETCH(int, registrations);
+        bringUpBridge();
+        QSet<MsgMgrWinInterface*> seen;
+        int sent = 0;
+        for (QString const& id : ids) {
+            if (id == QLatin1String("close")) {
+                closePrompts();
+                continue;
+            }
+            __sUniNoticeMsgInfo info;
+            info.id = id;
+            info.text2 = QStringLiteral("notice %1").arg(++sent);
+            info.number1 = 0;
+            emit bridge()->sig_UniNotifyMsg(info);
+            QTRY_COMPARE(int(registered(*m_sig1).size()), sent);
+            MsgMgrWinInterface* last = registered(*m_sig1).last();
+            QVERIFY(liveWindows<UniNoticeMsg>() > 0 && QApplication::topLevelWidgets().contains(last));
+            seen << last;
+            QCOMPARE(last->findChild<PromptTitleWin*>()->title(), info.text2);
+            if (!id.isEmpty())
+                QCOMPARE(last->id(), id);
+            else
+                QVERIFY(!QUuid::fromString(last->id()).isNull());
+        }
+        QCOMPARE(seen.size(), windowsCreated);
+        QCOMPARE(registered(*m_sig1).size(), registrations);
+    }
+
+    // One order window, reused: a second order changes its method and
+    // count-down. The answer goes to the backend as a shutdown (0, 1) or a
+    // restart (2); anything else is refused.
+    void shutdownRebootOrders_data()
+    {
+        QTest::addColumn<int>("method");
+        QTest::addColumn<int>("shutdownMethod");
+        QTest::addColumn<int>("reboots");
+        QTest::newRow("shutdown") << 0 << 0 << 0;
+        QTest::newRow("forced shutdown") << 1 << 1 << 0;
+        QTest::newRow("restart") << 2 << -1 << 1;
+        QTest::newRow("unknown") << 7 << -1 << 0;
+    }
+    void shutdownRebootOrders()
+    {
+        QFETCH(int, method);
+        QFETCH(int, shutdownMethod);
+        QFETCH(int, reboots);
+        bringUpBridge();
+        TestLogCapture log;
+        emit bridge()->sig_shutdown_reboot_notice(2, 600);
+        emit bridge()->sig_shutdown_reboot_notice(method, 1);
+        QTRY_COMPARE(registered(*m_sig1).size(), 2);
+        QCOMPARE(registered(*m_sig1).first(), registered(*m_sig1).last());
+        QCOMPARE(liveWindows<BootWin>(), 1);
+        // Nobody answers: the second order's one-second count-down consents.
+        registered(*m_sig1).first()->show();
+        QTRY_COMPARE(liveWindows<BootWin>(), 0);
+        QCOMPARE(m_backend->shutdownMethod.loadRelaxed(), shutdownMethod);
+        QCOMPARE(m_backend->reboots.loadRelaxed(), reboots);
+        QCOMPARE(log.count(QStringLiteral("[BasePlugin] method [%1] not support.").arg(method)), method == 7 ? 1 : 0);
     }
 
     // Notice types map to prompt kinds with 1 and 2 swapped; the four texts go in order.

@@ -120,7 +120,8 @@ void DevicePopWin::InitUIBottom()
     row->addWidget(m_pBtnMain);
     if (m_info.time > 0)
         m_pBtnMain->setTime(m_info.time, true);
-    m_pWinBottom->adjustSize();
+    // Its height enters the stacking height: the layout must not stretch it.
+    m_pWinBottom->setFixedHeight(m_pWinBottom->sizeHint().height());
     m_pLayout->addWidget(m_pWinBottom);
     adjustSize();
 }
