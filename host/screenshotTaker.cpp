@@ -6,6 +6,7 @@
 #include "cqmenuitem.h"
 #include "cqpluginmanager.h"
 #include "framelinkproxy.h"
+#include "noticeScreenshots.h"
 
 #include <QApplication>
 #include <QDir>
@@ -73,6 +74,7 @@ void ScreenshotTaker::slot_takeAll()
     takeTrayMenu();
     takeAboutWindow();
     takeSettingCentre();
+    NoticeScreenshots(m_directory).takeAll();
     emit sig_done();
 }
 

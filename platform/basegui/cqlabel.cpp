@@ -4,6 +4,7 @@
 
 #include <QFontMetrics>
 #include <QResizeEvent>
+#include <QTextDocument>
 
 namespace {
 
@@ -84,7 +85,9 @@ void CQLabel::fitText(QLabel* label, QFont const& font, QString const& text, Qt:
 
     bool const elided = shown != text;
     if (elided) {
-        label->setToolTip(text);
+        // Qt guesses a tool tip's format; a text that looks like markup is
+        // escaped so that it shows as it is written.
+        label->setToolTip(Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text);
         label->setProperty(kPropTipSet, true);
     } else if (label->property(kPropTipSet).toBool()) {
         label->setToolTip(QString());

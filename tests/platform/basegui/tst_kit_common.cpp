@@ -178,6 +178,11 @@ void TstKitCommon::labelTipHandling()
     CQLabel::LabelWidthAdjustText(&label, QStringLiteral("short"));
     QVERIFY(label.toolTip().isEmpty());   // our own tip goes with the elision
 
+    // A cut text that looks like markup is shown in its tip as written.
+    QString const markup = QStringLiteral("<img src=x><b>") + kLong;
+    CQLabel::LabelWidthAdjustText(&label, markup);
+    QVERIFY(label.toolTip().contains(QStringLiteral("&lt;img src=x&gt;&lt;b&gt;")));
+
     CQLabel::LabelWidthAdjustText(nullptr, kLong);
     CQLabel::TextWidthAdjustLabel(nullptr, 16, kLong, Qt::ElideRight, 0);
     QVERIFY(CQLabel::fullText(nullptr).isEmpty());

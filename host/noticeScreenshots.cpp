@@ -1,0 +1,162 @@
+#include "noticeScreenshots.h"
+
+#include "bridgerecords.h"
+#include "clogdebug.h"
+#include "msgmgrwininterface.h"
+#include "quorixbackend.h"
+#include "quorixbackendregistry.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+#include <QPixmap>
+#include <QPushButton>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace {
+
+char const* const kModule = "host/noticeScreenshots";
+int const kStackMargin = 24;
+
+void settle()
+{
+    for (int i = 0; i < 5; ++i)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+}
+
+QList<MsgMgrWinInterface*> openPopups(char const* className = nullptr)
+{
+    QList<MsgMgrWinInterface*> out;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        auto* popup = qobject_cast<MsgMgrWinInterface*>(w);
+        if (popup && popup->isVisible() && (!className || popup->inherits(className)))
+            out << popup;
+    }
+    return out;
+}
+
+__sUniNoticeMsgInfo notice(char const* id, char const* title, char const* heading, char const* body, int level)
+{
+    __sUniNoticeMsgInfo info;
+    info.id = QString::fromLatin1(id);
+    info.text2 = QString::fromUtf8(title);
+    info.text1 = QString::fromUtf8(heading);
+    info.text3 = QString::fromUtf8(body);
+    info.value1 = level;
+    info.number1 = 60;
+    return info;
+}
+
+} // namespace
+
+NoticeScreenshots::NoticeScreenshots(QString const& directory)
+    : m_directory(directory)
+{
+}
+
+bool NoticeScreenshots::save(QWidget* w, QString const& name) const
+{
+    if (!w) {
+        BFLOG(BFLOG_WARN, kModule, "[NoticeScreenshots] no window for [%s]", qUtf8Printable(name));
+        return false;
+    }
+    QString const path = QDir(m_directory).filePath(name + QStringLiteral(".png"));
+    bool const ok = w->grab().save(path, "PNG");
+    BFLOG(ok ? BFLOG_INFO : BFLOG_ERROR, kModule, "[NoticeScreenshots] %s [%s]", ok ? "saved" : "cannot save",
+          qUtf8Printable(path));
+    return ok;
+}
+
+void NoticeScreenshots::takeAll()
+{
+    raiseEvents();
+    takeStack();
+    takeLooks("UniNoticeMsg", QStringLiteral("uni-notice"));
+    takeLooks("DevicePopWin", QStringLiteral("device-pop"));
+    takeLooks("BootWin", QStringLiteral("boot-win"));
+    takeDetails();
+    for (MsgMgrWinInterface* popup : openPopups())
+        popup->close();
+    settle();
+}
+
+void NoticeScreenshots::raiseEvents()
+{
+    std::shared_ptr<QuorixBackend> const backend = QuorixBackendRegistry::backend();
+    emit backend->sig_UniNotifyMsg(notice("shot-1", "病毒查杀", "发现 3 个威胁", "下载目录中的威胁已全部隔离。", 0));
+    __sUniNoticeMsgInfo withLink = notice("shot-2", "漏洞修复", "", "有 2 个高危漏洞等待修复。", 0);
+    withLink.text4 = QString::fromUtf8("立即修复");
+    withLink.number4 = 1;
+    withLink.number2 = 4;
+    emit backend->sig_UniNotifyMsg(withLink);
+    emit backend->sig_UniNotifyMsg(notice("shot-3", "主动防御", "已阻止可疑进程", "进程 /tmp/x 试图修改系统文件，已被阻止。", 2));
+    settle();
+    emit backend->sig_device_mgr_msg(__sDeviceMgrPopup{QString::fromUtf8("外设管控"), QString::fromUtf8("已禁用 USB 存储设备"),
+                                                        QString::fromUtf8("根据管理员策略，USB 存储设备 SanDisk Ultra 已被禁用。"),
+                                                        QString(), 60, QString::fromUtf8("厂商: SanDisk\n型号: Ultra\n序列号: 4C530001")});
+    emit backend->sig_shutdown_reboot_notice(2, 60);
+    settle();
+}
+
+// Both looks of the first open window of that class.
+void NoticeScreenshots::takeLooks(char const* className, QString const& name)
+{
+    QList<MsgMgrWinInterface*> const popups = openPopups(className);
+    MsgMgrWinInterface* popup = popups.isEmpty() ? nullptr : popups.first();
+    if (!popup) {
+        save(nullptr, name);
+        return;
+    }
+    MsgMgrWinInterface::eUIType const before = popup->uiType();
+    popup->changUIType(MsgMgrWinInterface::EUITYPE_ALONE);
+    settle();
+    save(popup, name);
+    popup->changUIType(MsgMgrWinInterface::EUITYPE_COMPACT);
+    settle();
+    save(popup, name + QStringLiteral("-compact"));
+    popup->changUIType(before);
+}
+
+void NoticeScreenshots::takeDetails()
+{
+    QList<MsgMgrWinInterface*> const popups = openPopups("DevicePopWin");
+    QPushButton* details = popups.isEmpty() ? nullptr : popups.first()->findChild<QPushButton*>(QStringLiteral("m_pBtnText"));
+    if (details)
+        details->click();
+    settle();
+    QWidget* win = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w->objectName() == QLatin1String("DevicePopSubWin") && w->isVisible())
+            win = w;
+    }
+    save(win, QStringLiteral("device-details"));
+    if (win)
+        win->close();
+}
+
+// The unified notices as the message manager placed them, painted at their
+// screen positions over a plain desktop.
+void NoticeScreenshots::takeStack()
+{
+    QList<MsgMgrWinInterface*> const popups = openPopups("UniNoticeMsg");
+    if (popups.isEmpty()) {
+        save(nullptr, QStringLiteral("notice-stack"));
+        return;
+    }
+    QRect area;
+    for (MsgMgrWinInterface* popup : popups)
+        area |= popup->frameGeometry();
+    area.adjust(-kStackMargin, -kStackMargin, kStackMargin, kStackMargin);
+    QPixmap shot(area.size());
+    shot.fill(QColor(QStringLiteral("#5B6B84")));
+    QPainter painter(&shot);
+    for (MsgMgrWinInterface* popup : popups)
+        painter.drawPixmap(popup->frameGeometry().topLeft() - area.topLeft(), popup->grab());
+    painter.end();
+    QString const path = QDir(m_directory).filePath(QStringLiteral("notice-stack.png"));
+    bool const ok = shot.save(path, "PNG");
+    BFLOG(ok ? BFLOG_INFO : BFLOG_ERROR, kModule, "[NoticeScreenshots] %s [%s]", ok ? "saved" : "cannot save",
+          qUtf8Printable(path));
+}
