@@ -69,7 +69,7 @@ function(quorix_add_qtest)
   endif()
   set_tests_properties(${T_NAME} PROPERTIES
     TIMEOUT ${T_TIMEOUT}
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QUORIX_LOG_LEVEL=1;QUORIX_ROOT=${CMAKE_BINARY_DIR};QUORIX_SOURCE_DIR=${CMAKE_SOURCE_DIR};QUORIX_TESTDATA=${CMAKE_SOURCE_DIR}/../shared/testdata")
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent/quorix-test-bus;QUORIX_LOG_LEVEL=1;QUORIX_ROOT=${CMAKE_BINARY_DIR};QUORIX_SOURCE_DIR=${CMAKE_SOURCE_DIR};QUORIX_TESTDATA=${CMAKE_SOURCE_DIR}/../shared/testdata")
   if(T_LABELS)
     set_tests_properties(${T_NAME} PROPERTIES LABELS "${T_LABELS}")
   endif()

@@ -57,6 +57,7 @@ void BasePluginModelDataInterface::bindBackend()
         connect(b, &QuorixBackend::sig_UniNotifyMsg, this, &Self::sig_UniNotifyMsg, queued),
         connect(b, &QuorixBackend::sig_shutdown_reboot_notice, this, &Self::sig_shutdown_reboot_notice, queued),
         connect(b, &QuorixBackend::sig_device_mgr_msg, this, &Self::sig_device_mgr_msg, queued),
+        connect(b, &QuorixBackend::sig_guardDays, this, &Self::sig_CumulativeGuardDays, queued),
     };
 }
 

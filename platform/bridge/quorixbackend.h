@@ -58,6 +58,8 @@ signals:
     void sig_UniNotifyMsg(__sUniNoticeMsgInfo info);
     void sig_shutdown_reboot_notice(int method, int time);
     void sig_device_mgr_msg(__sDeviceMgrPopup info);
+    // A new protection-day count, pushed without waiting for the next refresh.
+    void sig_guardDays(unsigned int days);
     void sig_settingsChanged();
     void sig_unreadMsgCount(int count);
 };

@@ -1,5 +1,6 @@
 #include "bridgePlugin.h"
 
+#include "backendControlService.h"
 #include "basepluginmodeldatainterface.h"
 #include "bridgemetatypes.h"
 #include "clogdebug.h"
@@ -10,6 +11,7 @@
 #include "upgradepluginmodeldatainterface.h"
 #include "verifypluginmodeldatainterface.h"
 
+#include <QDBusConnection>
 #include <QThreadPool>
 
 namespace {
@@ -60,6 +62,11 @@ bool BridgePlugin::bridgesUp() const
     return m_bridgesUp;
 }
 
+bool BridgePlugin::controlServiceUp() const
+{
+    return m_pControlService && m_pControlService->isRunning();
+}
+
 void BridgePlugin::InitBridges()
 {
     if (m_bridgesUp)
@@ -73,6 +80,22 @@ void BridgePlugin::InitBridges()
     VerifyPluginModelDataInterface::singleInstance();
     m_bridgesUp = true;
     BFLOG(BFLOG_INFO, kModule, "[BridgePlugin] bridges up, backend %s", ready ? "ready" : "not ready");
+    InitControlService();
+}
+
+// Only once the bridges exist: an event raised through the service must find
+// them to reach the GUI.
+void BridgePlugin::InitControlService()
+{
+    auto service = std::make_unique<BackendControlService>(QDBusConnection::sessionBus());
+    if (service->start())
+        m_pControlService = std::move(service);
+}
+
+// The service gives its name back as it goes.
+void BridgePlugin::unInitControlService()
+{
+    m_pControlService.reset();
 }
 
 void BridgePlugin::unInitBridges()
@@ -80,6 +103,8 @@ void BridgePlugin::unInitBridges()
     if (!m_bridgesUp)
         return;
     m_bridgesUp = false;
+    // No new events while the bridges go.
+    unInitControlService();
     if (!QThreadPool::globalInstance()->waitForDone(kPoolDrainMs))
         BFLOG(BFLOG_WARN, kModule, "[BridgePlugin] bridge calls still running after %d ms", kPoolDrainMs);
     BasePluginModelDataInterface::UninitInstance(false);
