@@ -9,6 +9,9 @@ MsgMgrWinInterface::MsgMgrWinInterface(QWidget* parent, QString const& id)
     : QWidget(parent)
     , m_id(id)
 {
+    // A pop-up appears while the user types elsewhere; it must not take the
+    // keyboard, even for the moment before the message manager places it.
+    setAttribute(Qt::WA_ShowWithoutActivating);
 }
 
 // Whoever tracks the window by id must hear about it even when it is deleted
@@ -36,12 +39,21 @@ MsgMgrWinInterface::eUIType MsgMgrWinInterface::uiType() const
 
 void MsgMgrWinInterface::setCountdownPaused(bool paused)
 {
-    for (CQButton* button : findChildren<CQButton*>()) {
-        if (paused && button->isCounting())
+    if (paused) {
+        for (CQButton* button : findChildren<CQButton*>()) {
+            if (!button->isCounting())
+                continue;
             button->setTime(button->remainingTime(), false);
-        else if (!paused && !button->isCounting() && button->remainingTime() > 0)
+            if (!m_heldButtons.contains(button))
+                m_heldButtons << button;
+        }
+        return;
+    }
+    for (QPointer<CQButton> const& button : qAsConst(m_heldButtons)) {
+        if (button && !button->isCounting())
             button->startTime();
     }
+    m_heldButtons.clear();
 }
 
 int MsgMgrWinInterface::registerMetaType()

@@ -2,12 +2,16 @@
 
 #include "basegui_global.h"
 
+#include <QList>
 #include <QMetaType>
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
 // Base of the pop-up windows the message manager stacks. Each has an id; the
 // message manager switches it between the stand-alone and the compact look.
+class CQButton;
+
 class BASEGUI_EXPORT MsgMgrWinInterface : public QWidget
 {
     Q_OBJECT
@@ -45,6 +49,9 @@ private:
 
     QString m_id;
     eUIType m_uiType = EUITYPE_ALONE;
+    // The count-downs setCountdownPaused(true) held; only these resume, not
+    // one its owner stopped on purpose.
+    QList<QPointer<CQButton>> m_heldButtons;
     bool m_preCloseSent = false;
 };
 
