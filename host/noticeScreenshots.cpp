@@ -69,20 +69,29 @@ bool NoticeScreenshots::save(QWidget* w, QString const& name) const
     return ok;
 }
 
+// The notices first and alone: with the other pop-ups on the small offscreen
+// screen the message manager would hold some of them back in its queue.
 void NoticeScreenshots::takeAll()
 {
-    raiseEvents();
+    raiseNotices();
     takeStack();
     takeLooks("UniNoticeMsg", QStringLiteral("uni-notice"));
+    closeAll();
+    raiseDeviceAndOrder();
     takeLooks("DevicePopWin", QStringLiteral("device-pop"));
     takeLooks("BootWin", QStringLiteral("boot-win"));
     takeDetails();
+    closeAll();
+}
+
+void NoticeScreenshots::closeAll()
+{
     for (MsgMgrWinInterface* popup : openPopups())
         popup->close();
     settle();
 }
 
-void NoticeScreenshots::raiseEvents()
+void NoticeScreenshots::raiseNotices()
 {
     std::shared_ptr<QuorixBackend> const backend = QuorixBackendRegistry::backend();
     emit backend->sig_UniNotifyMsg(notice("shot-1", "病毒查杀", "发现 3 个威胁", "下载目录中的威胁已全部隔离。", 0));
@@ -93,6 +102,11 @@ void NoticeScreenshots::raiseEvents()
     emit backend->sig_UniNotifyMsg(withLink);
     emit backend->sig_UniNotifyMsg(notice("shot-3", "主动防御", "已阻止可疑进程", "进程 /tmp/x 试图修改系统文件，已被阻止。", 2));
     settle();
+}
+
+void NoticeScreenshots::raiseDeviceAndOrder()
+{
+    std::shared_ptr<QuorixBackend> const backend = QuorixBackendRegistry::backend();
     emit backend->sig_device_mgr_msg(__sDeviceMgrPopup{QString::fromUtf8("外设管控"), QString::fromUtf8("已禁用 USB 存储设备"),
                                                         QString::fromUtf8("根据管理员策略，USB 存储设备 SanDisk Ultra 已被禁用。"),
                                                         QString(), 60, QString::fromUtf8("厂商: SanDisk\n型号: Ultra\n序列号: 4C530001")});

@@ -17,7 +17,9 @@ public:
     void takeAll();
 
 private:
-    void raiseEvents();
+    void raiseNotices();
+    void raiseDeviceAndOrder();
+    void closeAll();
     void takeLooks(char const* className, QString const& name);
     void takeDetails();
     void takeStack();
