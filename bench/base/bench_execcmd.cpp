@@ -9,6 +9,7 @@
 //   bench_base_execcmd [calls]      (default 1000000)
 
 #include "basePlugin.h"
+#include "benchEnvironment.h"
 #include "cqmainwindow.h"
 #include "cqpluginmanager.h"
 #include "spluginregisteritem.h"
@@ -46,10 +47,7 @@ QVariant record(QObject* object, int index, QVariant const& extra)
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (qEnvironmentVariableIsEmpty("QUORIX_LOG_STDERR"))
-        qputenv("QUORIX_LOG_STDERR", "0");
+    setBenchEnvironment();
     QApplication app(argc, argv);
     int const calls = argc > 1 ? qMax(1000, QByteArray(argv[1]).toInt()) : 1000000;
 

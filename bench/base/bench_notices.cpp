@@ -12,6 +12,7 @@
 //   bench_base_notices [rounds]      (default 9)
 
 #include "basePlugin.h"
+#include "benchEnvironment.h"
 #include "basepluginmodeldatainterface.h"
 #include "cqbaseplugin.h"
 #include "cqmainwindow.h"
@@ -143,12 +144,7 @@ void openNoticeBatch(ShowingReceiver* receiver)
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (qEnvironmentVariableIsEmpty("QUORIX_LOG_STDERR"))
-        qputenv("QUORIX_LOG_STDERR", "0");
-    if (qEnvironmentVariableIsEmpty("QUORIX_LOG_LEVEL"))
-        qputenv("QUORIX_LOG_LEVEL", "3");
+    setBenchEnvironment("3");
     QApplication app(argc, argv);
     int const rounds = argc > 1 ? qMax(3, QByteArray(argv[1]).toInt()) : 9;
 

@@ -82,17 +82,10 @@ void DevicePopSubWin::InitUIBody(QString const& detail)
 
 void DevicePopSubWin::InitUIBottom()
 {
-    m_pWinBottom = new CQFrame(this);
-    m_pWinBottom->setObjectName(QStringLiteral("m_pWinBottom"));
-    m_pWinBottom->setFixedWidth(kWidth);
-    auto* row = new QHBoxLayout(m_pWinBottom);
-    row->setSpacing(0);
-    row->setContentsMargins(24, 24, 24, 24);
-    row->addStretch();
-    m_pBtnClose = new CQButton(QString::fromUtf8("关闭"), CQButton::KIND_SECONDARY, 12, 400, m_pWinBottom);
+    m_pBtnClose = new CQButton(QString::fromUtf8("关闭"), CQButton::KIND_SECONDARY, 12, 400, this);
     m_pBtnClose->setObjectName(QStringLiteral("m_pBtnClose"));
     m_pBtnClose->setFixedSize(104, 32);
-    row->addWidget(m_pBtnClose);
+    m_pWinBottom = NoticeWinParts::createBottom(this, nullptr, m_pBtnClose);
     m_pLayout->addWidget(m_pWinBottom);
 }
 

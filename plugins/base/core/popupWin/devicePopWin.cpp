@@ -11,7 +11,6 @@
 #include "noticeWinParts.h"
 #include "prompttitlewin.h"
 
-#include <QHBoxLayout>
 #include <QUuid>
 #include <QVBoxLayout>
 
@@ -100,28 +99,18 @@ void DevicePopWin::InitUIBody()
 
 void DevicePopWin::InitUIBottom()
 {
-    m_pWinBottom = new CQFrame(this);
-    m_pWinBottom->setObjectName(QStringLiteral("m_pWinBottom"));
-    m_pWinBottom->setFixedWidth(kWidth);
-    m_pWinBottom->setStyleSheet(QStringLiteral("#m_pWinBottom{background:transparent;}"));
-    auto* row = new QHBoxLayout(m_pWinBottom);
-    row->setSpacing(0);
-    row->setContentsMargins(24, 24, 24, 24);
     if (!m_info.text5.isEmpty()) {
-        m_pBtnText = new CQTextButton(QString::fromUtf8("设备详情"), CQTextButton::KIND_LINK, 14, m_pWinBottom);
+        m_pBtnText = new CQTextButton(QString::fromUtf8("设备详情"), CQTextButton::KIND_LINK, 14, this);
         m_pBtnText->setObjectName(QStringLiteral("m_pBtnText"));
         m_pBtnText->setFixedHeight(22);
-        row->addWidget(m_pBtnText);
     }
-    row->addStretch();
-    m_pBtnMain = new CQButton(m_info.btnText, CQButton::KIND_PRIMARY, 12, 400, m_pWinBottom);
+    m_pBtnMain = new CQButton(m_info.btnText, CQButton::KIND_PRIMARY, 12, 400, this);
     m_pBtnMain->setObjectName(QStringLiteral("m_pBtnMain"));
     m_pBtnMain->setFixedSize(104, 32);
-    row->addWidget(m_pBtnMain);
     if (m_info.time > 0)
         m_pBtnMain->setTime(m_info.time, true);
-    // Its height enters the stacking height: the layout must not stretch it.
-    m_pWinBottom->setFixedHeight(m_pWinBottom->sizeHint().height());
+    m_pWinBottom = NoticeWinParts::createBottom(this, m_pBtnText, m_pBtnMain);
+    m_pWinBottom->setStyleSheet(QStringLiteral("#m_pWinBottom{background:transparent;}"));
     m_pLayout->addWidget(m_pWinBottom);
     adjustSize();
 }

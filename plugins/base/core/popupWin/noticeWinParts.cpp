@@ -1,6 +1,7 @@
 #include "noticeWinParts.h"
 
 #include "cqbutton.h"
+#include "cqframe.h"
 #include "cqlabel.h"
 #include "cqtitlebuttons.h"
 #include "prompttitlewin.h"
@@ -71,6 +72,23 @@ CQCloseBtn* createCloseBtn(QWidget* parent)
     auto* closeBtn = new CQCloseBtn(1, parent);
     closeBtn->setFixedSize(kLineHeight, kLineHeight);
     return closeBtn;
+}
+
+CQFrame* createBottom(QWidget* parent, QWidget* left, QWidget* right)
+{
+    auto* bottom = new CQFrame(parent);
+    bottom->setObjectName(QStringLiteral("m_pWinBottom"));
+    bottom->setFixedWidth(kTitleWidth);
+    auto* row = new QHBoxLayout(bottom);
+    row->setSpacing(0);
+    row->setContentsMargins(kSideMargin, kSideMargin, kSideMargin, kSideMargin);
+    if (left)
+        row->addWidget(left);
+    row->addStretch();
+    row->addWidget(right);
+    // Its height enters the stacking height: the window's layout must not stretch it.
+    bottom->setFixedHeight(bottom->sizeHint().height());
+    return bottom;
 }
 
 void setElided(CQLabel* label, QString const& text)

@@ -4,6 +4,7 @@
 
 class CQButton;
 class CQCloseBtn;
+class CQFrame;
 class CQLabel;
 class PromptTitleWin;
 class QBoxLayout;
@@ -29,6 +30,9 @@ CQLabel* createBody(QWidget* parent, int width, Qt::Alignment alignment);
 // right, 24 pixels in from both sides.
 QHBoxLayout* createStripRow(QWidget* stripTitle, CQCloseBtn* closeBtn);
 CQCloseBtn* createCloseBtn(QWidget* parent);
+// "m_pWinBottom": 380 wide, a row 24 pixels in from every side, optional
+// widget on the left, the button on the right; as high as its row needs.
+CQFrame* createBottom(QWidget* parent, QWidget* left, QWidget* right);
 
 // Elided at the right to fit the label, 16-pixel font; the full text goes to
 // the tool tip when cut.
