@@ -1,5 +1,6 @@
 #include "quorixGuiHost.h"
 
+#include "clientIdentity.h"
 #include "clogdebug.h"
 #include "cqmainwindow.h"
 #include "cqpluginmanager.h"
@@ -19,37 +20,16 @@ namespace {
 char const* const kModule = "host/quorixGuiHost";
 
 QString const kBodyMountName = QStringLiteral("NavigateWidget_MainWindow");
-QString const kProductName = QStringLiteral("Quorix终端安全管理系统");
 QString const kBaseId = QStringLiteral("EPLUGIN_ID_BASE");
 QString const kCmdMainExit = QStringLiteral("EPLUGIN_ID_BASE_CMD_MAINEXIT");
 QString const kCmdSilentStartup = QStringLiteral("EPLUGIN_ID_BASE_CMD_SILENT_STARTUP");
 QString const kCmdMainWindowShow = QStringLiteral("EPLUGIN_ID_BASE_CMD_MAINWINDOW_SHOW");
+// What the title bar's close button does; the base plugin runs its quit flow.
+QString const kCmdCloseRequest = QStringLiteral("EPLUGIN_ID_BASE_CMD_TMP_QUIT");
 int const kWindowWidth = 1000;
 int const kWindowHeight = 580;
 
 } // namespace
-
-QuorixGuiHost::Options QuorixGuiHost::parseArguments(QStringList const& arguments)
-{
-    Options options;
-    for (int i = 1; i < arguments.size(); ++i) {
-        QString const& argument = arguments.at(i);
-        if (argument == QLatin1String("--silent")) {
-            options.silent = true;
-        } else if (argument == QLatin1String("--quit-after-show")) {
-            options.quitAfterShow = true;
-        } else if (argument == QLatin1String("--screenshot") && i + 1 < arguments.size()) {
-            options.screenshotDir = arguments.at(++i);
-        } else if (argument == QLatin1String("--root") && i + 1 < arguments.size()) {
-            options.root = arguments.at(++i);
-        } else if (argument.startsWith(QLatin1String("--root="))) {
-            options.root = argument.mid(7);
-        } else {
-            BFLOG(BFLOG_WARN, kModule, "[QuorixGuiHost] unknown argument [%s] ignored", qUtf8Printable(argument.left(128)));
-        }
-    }
-    return options;
-}
 
 QString QuorixGuiHost::resolveRoot(QString const& requested, QString const& applicationDir)
 {
@@ -93,9 +73,11 @@ void QuorixGuiHost::InitUIMainWindow()
     m_pMainWindow = new CQMainWindow;
     m_pMainWindow->setObjectName(QStringLiteral("m_pMainWindow"));
     m_pMainWindow->setWindowFlags(m_pMainWindow->windowFlags() | Qt::Window | Qt::FramelessWindowHint);
-    m_pMainWindow->setWindowTitle(kProductName);
+    m_pMainWindow->setWindowTitle(ClientIdentity::productName());
+    m_pMainWindow->setWindowIcon(ClientIdentity::icon());
     m_pMainWindow->setFixedSize(kWindowWidth, kWindowHeight);
     m_pMainWindow->setBodyMountName(kBodyMountName);
+    m_pMainWindow->installEventFilter(this);
     if (!m_options.screenshotDir.isEmpty()) {
         auto* watcher = new FirstPaintWatcher(m_pMainWindow, this);
         auto* taker = new ScreenshotTaker(m_pMainWindow, m_options.screenshotDir, this);
@@ -174,6 +156,39 @@ void QuorixGuiHost::showMainWindow()
     m_pMainWindow->raise();
     m_pMainWindow->activateWindow();
     BFLOG(BFLOG_INFO, kModule, "[QuorixGuiHost] main window shown on request");
+}
+
+void QuorixGuiHost::slot_secondStart(bool silent)
+{
+    if (silent) {
+        BFLOG(BFLOG_INFO, kModule, "[QuorixGuiHost] second start (silent) handed over, nothing to show");
+        return;
+    }
+    BFLOG(BFLOG_INFO, kModule, "[QuorixGuiHost] second start handed over, showing the main window");
+    showMainWindow();
+}
+
+bool QuorixGuiHost::eventFilter(QObject* watched, QEvent* event)
+{
+    // Spontaneous: the window system asked. A close the client makes itself
+    // (close() in code) is its own decision and goes through untouched.
+    if (watched == m_pMainWindow && event->type() == QEvent::Close && event->spontaneous()) {
+        event->ignore();
+        slot_windowManagerClose();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void QuorixGuiHost::slot_windowManagerClose()
+{
+    if (!CQPluginManager::plugin(kBaseId)) {
+        // No base plugin, no tray and no quit flow: closing the window is quitting.
+        requestQuit("main window closed without the base plugin");
+        return;
+    }
+    BFLOG(BFLOG_INFO, kModule, "[QuorixGuiHost] main window closed by the window manager, asking the quit flow");
+    CQPluginManager::singleInstance()->sendCmd(kBaseId, kCmdCloseRequest, QVariant());
 }
 
 void QuorixGuiHost::requestQuit(char const* why)

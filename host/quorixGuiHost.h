@@ -23,9 +23,6 @@ public:
         QString screenshotDir; // render the windows into this folder, then quit
     };
 
-    // Reads --root DIR, --silent, --quit-after-show and --screenshot DIR; anything else is logged
-    // and ignored (a client started by a desktop session must still come up).
-    static Options parseArguments(QStringList const& arguments);
     // The install root: `requested`, else $QUORIX_ROOT, else the parent of the
     // folder holding the executable.
     static QString resolveRoot(QString const& requested, QString const& applicationDir);
@@ -43,9 +40,18 @@ public:
     CQMainWindow* mainWindow() const;
     QString pluginDir() const;
 
+    // A second start handed over to this client: it wants the main window in
+    // front of the user, or, with --silent, nothing to change.
+    void slot_secondStart(bool silent);
+
 signals:
     // The host wants the event loop to end.
     void sig_quitRequested();
+
+protected:
+    // The window manager's close (Alt+F4, a taskbar's close) goes where the
+    // title bar's close button goes: the base plugin's quit flow decides.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void InitVars();
@@ -55,6 +61,7 @@ private:
     void slot_pluginLoaded(QString id);
     void slot_silentStartup();
     void showMainWindow();
+    void slot_windowManagerClose();
     void requestQuit(char const* why);
 
     Options m_options;

@@ -11,6 +11,8 @@ PACKAGES=(
   dbus dbus-x11 xvfb xauth x11-utils
   clang libclang-rt-14-dev
   lsb-release
+  trayer xdotool imagemagick libglib2.0-bin systemd
+  dpkg-dev file
 )
 
 missing=()

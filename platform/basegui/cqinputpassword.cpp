@@ -3,11 +3,13 @@
 #include "clogdebug.h"
 #include "cqbutton.h"
 #include "cqnoticeicon.h"
+#include "promptkeys.h"
 #include "prompttitlewin.h"
 #include "promptwindow_p.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QStyle>
@@ -133,7 +135,8 @@ void CQInputPassword::Private::InitUIField(QVBoxLayout* main)
 void CQInputPassword::Private::InitControl()
 {
     QObject::connect(ok, &QPushButton::clicked, q, &CQInputPassword::slot_submit);
-    QObject::connect(edit, &QLineEdit::returnPressed, q, &CQInputPassword::slot_submit);
+    // No returnPressed: the field passes Enter on to the window, which
+    // would submit a second time.
     QObject::connect(cancel, &QPushButton::clicked, q, [this]() { dismiss(); });
     QObject::connect(title, &PromptTitleWin::sig_close_btn_clicked, q, [this]() { dismiss(); });
     // Typing again after a rejection ends the error look.
@@ -232,6 +235,12 @@ CQButton* CQInputPassword::cancelButton() const
 PromptTitleWin* CQInputPassword::titleWin() const
 {
     return d->title;
+}
+
+void CQInputPassword::keyPressEvent(QKeyEvent* event)
+{
+    if (!PromptKeys::handle(event, d->ok, [this]() { d->dismiss(); }))
+        QWidget::keyPressEvent(event);
 }
 
 void CQInputPassword::slot_updateUIType(int type)

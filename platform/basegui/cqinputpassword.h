@@ -57,6 +57,10 @@ signals:
     void sig_submit(QString password);
     void sig_close();
 
+protected:
+    // Enter submits (from the field or anywhere in the window), Esc cancels.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     struct Private;
     Private* d;

@@ -1,6 +1,7 @@
 #include "cqmenu.h"
 
 #include "clogdebug.h"
+#include "cqpopupshape.h"
 
 #include <QAction>
 #include <QSet>
@@ -8,6 +9,8 @@
 namespace {
 
 char const* const kModule = "platform/basegui/cqmenu";
+// The style sheet's border-radius.
+int const kCornerRadius = 8;
 
 char const* const kMenuStyle =
     "QMenu{background:#FFFFFF;border:1px solid #DFE1E6;border-radius:8px;padding:4px 0px;}"
@@ -37,9 +40,10 @@ CQMenu::~CQMenu()
 
 void CQMenu::InitUI()
 {
-    // Rounded corners need the window itself to be see-through outside them.
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
-    setAttribute(Qt::WA_TranslucentBackground, true);
+    // See-through outside the corners where the desktop composites, cut to
+    // shape where it does not (black corners otherwise).
+    CQPopupShape::install(this, kCornerRadius);
     setStyleSheet(QString::fromLatin1(kMenuStyle));
 }
 

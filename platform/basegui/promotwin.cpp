@@ -3,11 +3,13 @@
 #include "basegui_common.h"
 #include "clogdebug.h"
 #include "cqnoticeicon.h"
+#include "promptkeys.h"
 #include "prompttitlewin.h"
 #include "promptwindow_p.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -232,6 +234,12 @@ void PromotWin::showEvent(QShowEvent* event)
     basegui::detail::fitHeightToWidth(this);
     basegui::Common::setWidgetMidPos(this, parentWidget() ? parentWidget()->window() : nullptr, QPoint(0, 0));
     d->countDown->start();
+}
+
+void PromotWin::keyPressEvent(QKeyEvent* event)
+{
+    if (!PromptKeys::handle(event, d->right, [this]() { close(); }))
+        QWidget::keyPressEvent(event);
 }
 
 void PromotWin::closeEvent(QCloseEvent* event)

@@ -73,6 +73,9 @@ signals:
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    // Esc closes unanswered, as the title's close button does; Enter presses
+    // the right-hand button.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     struct Private;

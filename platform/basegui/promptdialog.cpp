@@ -4,10 +4,12 @@
 #include "clogdebug.h"
 #include "cqbutton.h"
 #include "cqnoticeicon.h"
+#include "promptkeys.h"
 #include "prompttitlewin.h"
 #include "promptwindow_p.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -88,6 +90,12 @@ void PromptDialog::InitControl()
     connect(m_pTitleWin, &PromptTitleWin::sig_close_btn_clicked, this, &QDialog::reject);
     connect(m_pBtnCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_pBtnOk, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+void PromptDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (!PromptKeys::handle(event, m_pBtnOk, [this]() { reject(); }))
+        QDialog::keyPressEvent(event);
 }
 
 void PromptDialog::setParas(int mode, QString const& line1, QString const& line2)

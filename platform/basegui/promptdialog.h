@@ -40,6 +40,11 @@ public:
     CQButton* cancelButton() const;
     PromptTitleWin* titleWin() const;
 
+protected:
+    // Esc rejects, Enter accepts (QDialog's own handling would press a
+    // focused button, and the kit's buttons take no focus).
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void InitUI();
     void InitControl();

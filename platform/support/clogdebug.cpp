@@ -5,6 +5,7 @@
 #include <cstring>
 #include <ctime>
 #include <string>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/time.h>
 #include <vector>
@@ -84,8 +85,7 @@ CLogDebug::CLogDebug()
 
 CLogDebug::~CLogDebug()
 {
-    if (m_file)
-        std::fclose(m_file);
+    closeFileLocked();
 }
 
 void CLogDebug::setMinimumLevel(int level)
@@ -112,19 +112,82 @@ void CLogDebug::setStderrEnabled(bool enabled)
     m_stderr = enabled;
 }
 
+void CLogDebug::setRotation(std::uint64_t maxBytes, int keptFiles)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_maxFileBytes = maxBytes;
+    m_keptFiles = keptFiles < 1 ? 1 : (keptFiles > 9 ? 9 : keptFiles);
+}
+
 void CLogDebug::openFileLocked(std::string const& path)
 {
-    if (m_file) {
-        std::fclose(m_file);
-        m_file = nullptr;
-    }
+    closeFileLocked();
     m_path = path;
     if (path.empty())
         return;
     makeParentDirs(path);
     m_file = std::fopen(path.c_str(), "ae");
-    if (!m_file && m_stderr)
-        std::fprintf(stderr, "[CLogDebug] cannot open log file %s: %s\n", path.c_str(), std::strerror(errno));
+    if (!m_file) {
+        if (m_stderr)
+            std::fprintf(stderr, "[CLogDebug] cannot open log file %s: %s\n", path.c_str(), std::strerror(errno));
+        return;
+    }
+    // Unbuffered: one write() per record, and O_APPEND keeps the records of
+    // processes sharing the file whole.
+    std::setvbuf(m_file, nullptr, _IONBF, 0);
+    struct stat info {};
+    if (::fstat(fileno(m_file), &info) == 0) {
+        m_device = info.st_dev;
+        m_inode = info.st_ino;
+    }
+}
+
+void CLogDebug::closeFileLocked()
+{
+    if (m_file)
+        std::fclose(m_file);
+    m_file = nullptr;
+    m_device = 0;
+    m_inode = 0;
+}
+
+// Before each record: if it would take the file past the limit, the file is
+// rotated (unless another process did that already) and the new one opened.
+void CLogDebug::makeRoomLocked(std::size_t recordSize)
+{
+    struct stat info {};
+    if (m_maxFileBytes == 0 || ::fstat(fileno(m_file), &info) != 0 || info.st_size <= 0
+        || static_cast<std::uint64_t>(info.st_size) + recordSize <= m_maxFileBytes)
+        return;
+    if (isCurrentFileLocked())
+        rotateLocked();
+    openFileLocked(m_path);
+}
+
+bool CLogDebug::isCurrentFileLocked() const
+{
+    struct stat info {};
+    return ::stat(m_path.c_str(), &info) == 0 && info.st_dev == m_device && info.st_ino == m_inode;
+}
+
+// Under an exclusive lock on the full file, so that of several processes that
+// find it full only the first one moves it; the others, once they hold the
+// lock, see that the name has moved on and only reopen.
+void CLogDebug::rotateLocked()
+{
+    int const fd = fileno(m_file);
+    if (::flock(fd, LOCK_EX) != 0)
+        return;
+    if (isCurrentFileLocked()) {
+        // rename() replaces the target, so the oldest file drops out of the chain.
+        for (int i = m_keptFiles; i >= 1; --i) {
+            std::string const from = i == 1 ? m_path : m_path + '.' + std::to_string(i - 1);
+            std::string const to = m_path + '.' + std::to_string(i);
+            if (::rename(from.c_str(), to.c_str()) != 0 && errno != ENOENT && m_stderr)
+                std::fprintf(stderr, "[CLogDebug] cannot rotate %s: %s\n", from.c_str(), std::strerror(errno));
+        }
+    }
+    ::flock(fd, LOCK_UN);
 }
 
 void CLogDebug::write(int level, char const* module, char const* function, int line, char const* message)
@@ -153,10 +216,10 @@ void CLogDebug::write(int level, char const* module, char const* function, int l
     record += '\n';
 
     std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_file) {
+    if (m_file)
+        makeRoomLocked(record.size());
+    if (m_file)
         std::fwrite(record.data(), 1, record.size(), m_file);
-        std::fflush(m_file);
-    }
     if (m_stderr)
         std::fwrite(record.data(), 1, record.size(), stderr);
 }

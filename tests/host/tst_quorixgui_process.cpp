@@ -1,25 +1,18 @@
 // bin/quorix-gui as a real process, headless: broken plugin files, SIGTERM and
 // the base plugin's teardown, the exit command, --silent, --quit-after-show.
 
+#include "hostProcess.h"
+
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
 
-int const kStartTimeoutMs = 30000;
-int const kExitTimeoutMs = 10000;
-
-QString buildRoot()
-{
-    return qEnvironmentVariable("QUORIX_ROOT", QStringLiteral(TST_BUILD_ROOT));
-}
-
 bool isBuilt(QString const& module)
 {
-    return QFile::exists(buildRoot() + QStringLiteral("/lib/plugins-gui/") + module);
+    return QFile::exists(HostProcess::buildRoot() + QStringLiteral("/lib/plugins-gui/") + module);
 }
 
 } // namespace
@@ -29,41 +22,22 @@ class TstQuorixGuiProcess : public QObject
     Q_OBJECT
 
     QScopedPointer<QTemporaryDir> m_dir;
-    QScopedPointer<QProcess> m_process;
+    QScopedPointer<HostProcess> m_host;
 
-    QString log() const
-    {
-        QFile file(m_dir->filePath(QStringLiteral("quorix-gui.log")));
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-    }
-
-    bool logHas(QString const& text) const { return log().contains(text); }
+    bool logHas(QString const& text) const { return m_host->logCount(text) > 0; }
 
     // Starts the host with a log of its own; `root` "" = the build tree.
     void startHost(QStringList const& arguments, QString const& root = QString())
     {
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        env.insert(QStringLiteral("QUORIX_LOG_FILE"), m_dir->filePath(QStringLiteral("quorix-gui.log")));
-        env.insert(QStringLiteral("QUORIX_LOG_LEVEL"), QStringLiteral("1"));
-        env.insert(QStringLiteral("QUORIX_LOG_STDERR"), QStringLiteral("0"));
-        env.insert(QStringLiteral("QUORIX_CONFIG_DIR"), m_dir->filePath(QStringLiteral("config")));
-        env.insert(QStringLiteral("QUORIX_ROOT"), root.isEmpty() ? buildRoot() : root);
-        env.remove(QStringLiteral("QUORIX_EXIT_PASSWORD"));
-        m_process.reset(new QProcess);
-        m_process->setProcessEnvironment(env);
-        m_process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process->start(buildRoot() + QStringLiteral("/bin/quorix-gui"), arguments);
-        QVERIFY(m_process->waitForStarted(kExitTimeoutMs));
+        m_host.reset(new HostProcess(m_dir->path()));
+        QVERIFY(m_host->start(arguments, root));
     }
 
-    void waitForLog(QString const& text) { QTRY_VERIFY_WITH_TIMEOUT(logHas(text), kStartTimeoutMs); }
+    void waitForLog(QString const& text) { QTRY_VERIFY_WITH_TIMEOUT(logHas(text), HostProcess::kStartTimeoutMs); }
 
     void expectCleanExit()
     {
-        QVERIFY(m_process->waitForFinished(kExitTimeoutMs));
-        QCOMPARE(m_process->exitStatus(), QProcess::NormalExit);
-        QCOMPARE(m_process->exitCode(), 0);
+        QCOMPARE(m_host->waitForExit(), 0);
         QVERIFY(logHas(QStringLiteral("[QuorixGuiHost] quorix-gui stopped")));
     }
 
@@ -73,7 +47,7 @@ class TstQuorixGuiProcess : public QObject
         QString const root = m_dir->filePath(QStringLiteral("root"));
         QString const plugins = root + QStringLiteral("/lib/plugins-gui/");
         QDir().mkpath(plugins);
-        QDir const built(buildRoot() + QStringLiteral("/lib/plugins-gui"));
+        QDir const built(HostProcess::buildRoot() + QStringLiteral("/lib/plugins-gui"));
         for (QString const& name : built.entryList(QDir::Files))
             QFile::link(built.filePath(name), plugins + name);
         if (!extraModule.isEmpty())
@@ -95,13 +69,9 @@ private slots:
 
     void cleanup()
     {
-        if (m_process && m_process->state() != QProcess::NotRunning) {
-            m_process->kill();
-            m_process->waitForFinished(kExitTimeoutMs);
-        }
-        if (QTest::currentTestFailed())
-            qWarning().noquote() << "host log:\n" << log().right(4000);
-        m_process.reset();
+        if (QTest::currentTestFailed() && m_host)
+            qWarning().noquote() << "host log:\n" << m_host->log().right(4000);
+        m_host.reset();
         m_dir.reset();
     }
 
@@ -116,8 +86,8 @@ private slots:
         waitForLog(QStringLiteral("plugins loaded from"));
         QVERIFY(logHas(QStringLiteral("libzz_garbage.so], skipped")));
         QVERIFY(logHas(QStringLiteral("libaa_truncated.so], skipped")));
-        QCOMPARE(m_process->state(), QProcess::Running);
-        m_process->terminate();
+        QCOMPARE(m_host->process.state(), QProcess::Running);
+        m_host->process.terminate();
         expectCleanExit();
         if (!isBuilt(QStringLiteral("libui_base_plugin.so")))
             QSKIP("the base plugin module is not built");
@@ -150,7 +120,7 @@ private slots:
         startHost(arguments, extraModule.isEmpty() ? QString() : makeRoot(extraModule));
         if (!quitsByItself) {
             waitForLog(logLine);
-            m_process->terminate();
+            m_host->process.terminate();
         }
         expectCleanExit();
         QVERIFY(logHas(logLine));

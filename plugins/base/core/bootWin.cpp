@@ -8,6 +8,7 @@
 #include "cqnoticeicon.h"
 #include "prompttitlewin.h"
 
+#include <QKeyEvent>
 #include <QUuid>
 
 namespace {
@@ -165,4 +166,13 @@ void BootWin::slot_boot()
     m_answered = true;
     emit sig_boot(m_method);
     close();
+}
+
+void BootWin::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        event->accept();
+        return;
+    }
+    MsgMgrWinInterface::keyPressEvent(event);
 }

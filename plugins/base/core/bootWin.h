@@ -36,6 +36,11 @@ public slots:
     void slot_reject();
     void slot_boot();
 
+protected:
+    // Esc is no answer to an administrator's order: it neither carries it
+    // out nor rejects it, and the window stays.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void InitUIWin();
     void InitUIBody();

@@ -57,6 +57,7 @@ void CWinAboutPrivate::InitUIWin()
 {
     q_ptr->setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     q_ptr->setObjectName(QStringLiteral("CWinAbout"));
+    q_ptr->setWindowTitle(QString::fromUtf8("关于"));
     q_ptr->setWindowModality(Qt::WindowModal);
     q_ptr->setStyleSheet(basegui::Common::readQssFile(QStringLiteral(":/qss/cwinabout.qss")));
     q_ptr->setFixedSize(kWidth, kHeight);

@@ -3,10 +3,12 @@
 #include "clogdebug.h"
 #include "cqbutton.h"
 #include "cqcheckbox.h"
+#include "promptkeys.h"
 #include "prompttitlewin.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace {
@@ -41,6 +43,7 @@ MainExitAskWin::~MainExitAskWin()
 void MainExitAskWin::InitUI()
 {
     setObjectName(QStringLiteral("MainExitAskWin"));
+    setWindowTitle(QString::fromUtf8("关闭"));
     setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_StyledBackground);
@@ -108,6 +111,12 @@ MainExitAskWin::eSelectedItem MainExitAskWin::selectedItem() const
 bool MainExitAskWin::isRemembered() const
 {
     return m_pCheckBoxRemmemberChoose->isChecked();
+}
+
+void MainExitAskWin::keyPressEvent(QKeyEvent* event)
+{
+    if (!PromptKeys::handle(event, m_pBtnOK, [this]() { slot_cancel(); }))
+        QWidget::keyPressEvent(event);
 }
 
 void MainExitAskWin::slot_ok()

@@ -30,6 +30,10 @@ public slots:
     void slot_ok();
     void slot_cancel();
 
+protected:
+    // Esc cancels, Enter confirms the choice as it stands.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void InitUI();
     void InitControl();

@@ -96,7 +96,7 @@ void SettingCentreWidgetPrivate::InitUIWin()
 {
     QString const title = SettingCentreWidget::settingCentreName();
     q_ptr->setWindowIcon(QIcon(QStringLiteral(":/img/logo.ico")));
-    q_ptr->setWindowTitle(title);
+    q_ptr->setWindowTitle(QString::fromUtf8("设置中心"));
     q_ptr->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     q_ptr->setFixedSize(kWidth, kHeight);
     basegui::Common::setWidgetMidPos(q_ptr, nullptr, QPoint(50, 50));
