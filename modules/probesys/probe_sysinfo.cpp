@@ -304,17 +304,26 @@ char const* CProbeSysInfo::cacheFilePath(char const* root)
     return root ? kTreeCacheFile : kHostCacheFile;
 }
 
+// /tmp is shared with every other user. The cache is written into a private
+// file that is then renamed into place, so a reader never sees it half
+// written and nothing is ever written through what stands at the path. What
+// stands there is replaced only if it is this user's own regular file with a
+// single link; a link, another user's file or anything else is left alone.
 void CProbeSysInfo::writeCache(char const* path, std::string const& line)
 {
-    // /tmp is shared: never follow a link planted at the cache path, never
-    // block on a FIFO there, and give the file the same mode whatever the umask.
-    int const fd = ::open(path, O_RDWR | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, 0644);
+    struct stat st {};
+    if (::lstat(path, &st) == 0) {
+        if (!S_ISREG(st.st_mode) || st.st_uid != ::geteuid() || st.st_nlink != 1)
+            return;
+    } else if (errno != ENOENT) {
+        return;
+    }
+    std::string temp = std::string(path) + ".XXXXXX";
+    int const fd = ::mkostemp(&temp[0], O_CLOEXEC);
     if (fd < 0)
         return;
-    struct stat st {};
-    if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode)) {
-        ::fchmod(fd, 0644);
-        writeAll(fd, line.data(), line.size());
-    }
+    bool const written = ::fchmod(fd, 0644) == 0 && writeAll(fd, line.data(), line.size());
     ::close(fd);
+    if (!written || ::rename(temp.c_str(), path) != 0)
+        ::unlink(temp.c_str());
 }

@@ -10,6 +10,8 @@
 
 #include <QtTest>
 
+#include <unistd.h>
+
 using namespace probetest;
 
 class TstProbeRealTrees : public QObject
@@ -25,7 +27,8 @@ private slots:
     void tool_data();
     void tool();
     void toolProbesRunningSystem();
-    void toolLeavesLinkAtCache();
+    void toolLeavesForeignCache_data();
+    void toolLeavesForeignCache();
 
 private:
     int exec(QStringList const& arguments);
@@ -192,26 +195,48 @@ void TstProbeRealTrees::toolProbesRunningSystem()
         QCOMPARE(readFile(QStringLiteral("/tmp/.hsysinfo")), m_out);
 }
 
-void TstProbeRealTrees::toolLeavesLinkAtCache()
+// Whatever another user (or a trick) put at the shared cache path is left
+// as it is: a symbolic or hard link is not written through, another user's
+// file is not taken over. The probe result is printed all the same.
+void TstProbeRealTrees::toolLeavesForeignCache_data()
 {
+    QTest::addColumn<QString>("planted");
+    QTest::newRow("symbolic link") << "symlink";
+    QTest::newRow("hard link") << "hardlink";
+    if (::geteuid() == 0)
+        QTest::newRow("another user's file") << "foreign";
+}
+
+void TstProbeRealTrees::toolLeavesForeignCache()
+{
+    QFETCH(QString, planted);
     QString const cache = QStringLiteral("/tmp/.csysinfo");
     if (!cacheFileIsOurs(cache))
         QSKIP("/tmp/.csysinfo belongs to another user");
     QFile::remove(cache);
-    QString const target = m_work.filePath(QStringLiteral("victim"));
+    QString const target = planted == QLatin1String("foreign") ? cache : m_work.filePath(QStringLiteral("victim"));
     QVERIFY(writeFile(target, "precious\n"));
-    QVERIFY(QFile::link(target, cache));
+    if (planted == QLatin1String("symlink"))
+        QVERIFY(QFile::link(target, cache));
+    else if (planted == QLatin1String("hardlink"))
+        QCOMPARE(::link(qPrintable(target), qPrintable(cache)), 0);
+    else
+        QCOMPARE(::chown(qPrintable(cache), 65534, 65534), 0);
 
     int const exitCode =
         exec({QStringLiteral("--root"), releaseFilesDir() + QStringLiteral("/dt_kylin_desktop_v10sp1")});
     bool const stillLink = QFileInfo(cache).isSymLink();
     QByteArray const victim = readFile(target);
+    QFileInfo const info(cache);
+    uint const owner = info.ownerId();
     QFile::remove(cache);
 
     QCOMPARE(exitCode, 0);
     QCOMPARE(m_out, withArch("1|kylin|v10sp1|ARCH|0\n"));
-    QVERIFY(stillLink);
+    QCOMPARE(stillLink, planted == QLatin1String("symlink"));
     QCOMPARE(victim, QByteArray("precious\n"));
+    if (planted == QLatin1String("foreign"))
+        QCOMPARE(owner, 65534u);
 }
 
 QTEST_GUILESS_MAIN(TstProbeRealTrees)
