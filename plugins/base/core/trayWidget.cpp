@@ -6,87 +6,17 @@
 #include "cstr.h"
 #include "dravoguiconfig.h"
 #include "menuWidget.h"
+#include "monitorButtonReleasePosThread.h"
 
-#include <QCursor>
-#include <QGuiApplication>
 #include <QIcon>
-#include <QScreen>
 
 namespace {
 constexpr char kLogModule[] = "plugins/base/core/trayWidget";
 constexpr char kDefaultIcon[] = ":/img/logo.ico";
 constexpr char kDefaultProductName[] = "Quorix终端安全管理系统";
-constexpr int kDefaultPanelSide = 3;
-constexpr int kDefaultPanelThickness = 40;
 
 TrayWidget* s_pTrayWidget = nullptr;
 } // namespace
-
-// ---------------------------------------------------------------- private part
-
-TrayWidgetPrivate::TrayWidgetPrivate(TrayWidget* q)
-    : q_ptr(q)
-{
-}
-
-TrayWidgetPrivate::~TrayWidgetPrivate()
-{
-    BFLogPrintX(BFLOG_DEBUG, kLogModule, __FUNCTION__, __LINE__, "[TrayWidgetPrivate] delete TrayWidgetPrivate obj");
-}
-
-QPoint TrayWidgetPrivate::placeAtCursor(QPoint const& cursor, QSize const& menu, QSize const& screen)
-{
-    int x = cursor.x() - menu.width() / 2;
-    if (x < 0)
-        x = cursor.x();
-    else if (x + menu.width() >= screen.width())
-        x = cursor.x() - menu.width();
-    int y = cursor.y() - menu.height();
-    if (y < 0)
-        y = cursor.y();
-    return QPoint(x, y);
-}
-
-QPoint TrayWidgetPrivate::placeByPanel(int side, int thickness, QSize const& menu, QSize const& screen)
-{
-    int const w = menu.width();
-    int const h = menu.height();
-    switch (side) {
-    case 0:
-        return QPoint(thickness, screen.height() - h);
-    case 1:
-        return QPoint(screen.width() - w, thickness);
-    case 2:
-        return QPoint(screen.width() - thickness - w, screen.height() - h);
-    case 3:
-        return QPoint(screen.width() - w, screen.height() - thickness - h);
-    default:
-        return QPoint(0, 0);
-    }
-}
-
-void TrayWidgetPrivate::trayMenuPos(int& x, int& y)
-{
-    QScreen const* primary = QGuiApplication::primaryScreen();
-    QSize const screen = primary ? primary->geometry().size() : QSize();
-    QSize const menu = q_ptr->m_pMenu ? q_ptr->m_pMenu->size() : QSize();
-    QPoint pos = QCursor::pos();
-    if (q_ptr->m_nDisplayProtocol == TrayWidget::EDISPLAY_WAYLAND) {
-        // Under Wayland the pointer position may be unknown (reported as 0);
-        // the panel's corner is the fallback then.
-        BFLogPrintX(BFLOG_INFO, kLogModule, __FUNCTION__, __LINE__, "[TrayWidget] second QCursor::pos = %d, %d",
-                    pos.x(), pos.y());
-        if (pos.x() == 0 || pos.y() == 0) {
-            pos = placeByPanel(kDefaultPanelSide, kDefaultPanelThickness, menu, screen);
-            x = pos.x();
-            y = pos.y();
-            return;
-        }
-    }
-    pos = placeAtCursor(pos, menu, screen);
-    x = pos.x();
-    y = pos.y();
-}
 
 // ---------------------------------------------------------------- singleton
 
@@ -120,9 +50,7 @@ TrayWidget::TrayWidget()
     : QObject(nullptr)
     , d_ptr(new TrayWidgetPrivate(this))
 {
-#ifdef UI_BASE_HAS_PROBE_SYSINFO
-    CProbeSysInfo::getPlatformSystemInfo(d_ptr->m_sysInfo, nullptr);
-#endif
+    TrayDesktop::systemInfo(d_ptr->m_sysInfo);
     d_ptr->m_sysInfo.os_name = CStr::toLower(d_ptr->m_sysInfo.os_name);
     updateDisplayProtocol();
     startWaylandMonitor();
@@ -175,9 +103,10 @@ void TrayWidget::unRegistMenu(QWidget* w, int index)
 {
     if (!m_pMenu || !w)
         return;
+    // The caller gets its widget back on its own, whoever held it, even one
+    // the menu had refused; the index is freed in any case.
+    w->setParent(nullptr);
     m_pMenu->removeItem(w, index);
-    if (w->parentWidget() == m_pMenu)
-        w->setParent(nullptr);
 }
 
 MenuWidget* TrayWidget::menu() const
@@ -193,6 +122,11 @@ QSystemTrayIcon* TrayWidget::trayIcon() const
 int TrayWidget::displayProtocol() const
 {
     return m_nDisplayProtocol;
+}
+
+MonitorButtonReleasePosThread* TrayWidget::waylandMonitor() const
+{
+    return d_ptr ? d_ptr->m_pMonitorThread.data() : nullptr;
 }
 
 std::string TrayWidget::osName() const
@@ -250,8 +184,10 @@ void TrayWidget::startWaylandMonitor()
     // everywhere else the cursor and the panel geometry place the menu.
     if (m_nDisplayProtocol != EDISPLAY_WAYLAND || !osNameContains("uos"))
         return;
-    BFLogPrintX(BFLOG_INFO, kLogModule, __FUNCTION__, __LINE__,
-                "[TrayWidget] wayland pointer monitor not built in, the menu follows the cursor");
+    BFLogPrintX(BFLOG_INFO, kLogModule, __FUNCTION__, __LINE__, "[TrayWidget] wayland start monitor");
+    auto* monitor = new MonitorButtonReleasePosThread(nullptr);
+    d_ptr->m_pMonitorThread = monitor;
+    monitor->start(QThread::InheritPriority);
 }
 
 void TrayWidget::initSystemTrayIcon()

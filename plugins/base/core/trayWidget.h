@@ -7,6 +7,7 @@
 #include <string>
 
 class MenuWidget;
+class MonitorButtonReleasePosThread;
 class TrayWidgetPrivate;
 
 // The client's icon in the desktop's system tray and the tray menu it opens.
@@ -34,6 +35,9 @@ public:
     MenuWidget* menu() const;
     QSystemTrayIcon* trayIcon() const;
     int displayProtocol() const;
+    // The Wayland pointer monitor, null unless it was started; once started
+    // it outlives the tray.
+    MonitorButtonReleasePosThread* waylandMonitor() const;
     // Lower-cased distribution name found by the probe ("" when unknown).
     std::string osName() const;
 

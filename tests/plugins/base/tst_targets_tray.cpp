@@ -1,13 +1,18 @@
 // Tray menu and goods shelf: keyed registration; the tray icon: the display
-// protocol it finds and where its clicks go.
+// protocol it finds, when it watches the Wayland pointer, and where its
+// clicks go.
 
 #include "basepluginmodeldatainterface.h"
 #include "goodsShelf.h"
 #include "menuWidget.h"
+#include "monitorButtonReleasePosThread.h"
+#include "testLogCapture.h"
+#include "trayDesktop.h"
 #include "trayWidget.h"
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -21,6 +26,39 @@ QList<QWidget*> layoutOrder(QLayout* layout)
             order << w;
     }
     return order;
+}
+
+// Environment variables set for one scope, put back as they were after it;
+// an empty value unsets.
+class ScopedEnv
+{
+public:
+    explicit ScopedEnv(QList<QPair<QByteArray, QByteArray>> const& values)
+    {
+        for (auto const& value : values) {
+            m_saved << Saved{value.first, qgetenv(value.first), qEnvironmentVariableIsSet(value.first)};
+            value.second.isEmpty() ? qunsetenv(value.first) : qputenv(value.first, value.second);
+        }
+    }
+    ~ScopedEnv()
+    {
+        for (Saved const& saved : qAsConst(m_saved))
+            saved.wasSet ? qputenv(saved.name, saved.value) : qunsetenv(saved.name);
+    }
+
+private:
+    struct Saved {
+        QByteArray name;
+        QByteArray value;
+        bool wasSet;
+    };
+    QList<Saved> m_saved;
+};
+
+QByteArray releaseTree(char const* name)
+{
+    return QFile::encodeName(qEnvironmentVariable("QUORIX_TESTDATA") + QStringLiteral("/release-files/") +
+                             QLatin1String(name));
 }
 
 } // namespace
@@ -93,7 +131,8 @@ private slots:
         QVERIFY(!b.parentWidget() && !c.parentWidget());
     }
 
-    // Rows need the menu, which init makes, and a widget.
+    // Rows need the menu, which init makes, and a widget; taking one out
+    // detaches it whoever held it, even a refused one, and frees its index.
     void registMenuNeedsInitAndWidget()
     {
         TrayWidget* tray = TrayWidget::singleInstance();
@@ -104,8 +143,12 @@ private slots:
         tray->registMenu(nullptr, 20);
         tray->registMenu(&row, 20);
         QCOMPARE(tray->menu()->items(), (QList<QWidget*>{&row}));
-        tray->unRegistMenu(&row, 20);
-        QVERIFY(tray->menu()->items().isEmpty() && !row.parentWidget());
+        QWidget owner;
+        QLabel refused(&owner);
+        tray->registMenu(&refused, 20);
+        QCOMPARE(refused.parentWidget(), &owner);
+        tray->unRegistMenu(&refused, 20);   // detached all the same, and the index goes
+        QVERIFY(tray->menu()->items().isEmpty() && !refused.parentWidget() && !row.parentWidget());
     }
 
     void displayProtocol_data()
@@ -124,18 +167,36 @@ private slots:
     {
         QFETCH(QByteArrayList, env);
         QFETCH(int, expected);
-        char const* const names[] = {"XDG_SESSION_TYPE", "WAYLAND_DISPLAY", "DISPLAY"};
-        QByteArrayList saved;
-        QList<bool> wasSet;
-        for (int i = 0; i < 3; ++i) {
-            saved << qgetenv(names[i]);
-            wasSet << qEnvironmentVariableIsSet(names[i]);
-            env.at(i).isEmpty() ? qunsetenv(names[i]) : qputenv(names[i], env.at(i));
-        }
-        int const protocol = TrayWidget::singleInstance()->displayProtocol();
-        for (int i = 0; i < 3; ++i)
-            wasSet.at(i) ? qputenv(names[i], saved.at(i)) : qunsetenv(names[i]);
-        QCOMPARE(protocol, expected);
+        ScopedEnv scoped({{"XDG_SESSION_TYPE", env.at(0)}, {"WAYLAND_DISPLAY", env.at(1)}, {"DISPLAY", env.at(2)}});
+        QCOMPARE(TrayWidget::singleInstance()->displayProtocol(), expected);
+    }
+
+    // Only Wayland on UOS watches the pointer; the monitor outlives the tray.
+    void waylandMonitorOnlyOnUos_data()
+    {
+        QTest::addColumn<QByteArray>("session");
+        QTest::addColumn<QByteArray>("tree");
+        QTest::addColumn<bool>("monitor");
+        QTest::newRow("wayland, uos") << QByteArray("wayland") << releaseTree("ans_uos_20") << true;
+        QTest::newRow("wayland, kylin") << QByteArray("wayland") << releaseTree("dt_kylin_desktop_v10sp1") << false;
+        QTest::newRow("x11, uos") << QByteArray("x11") << releaseTree("ans_uos_20") << false;
+    }
+    void waylandMonitorOnlyOnUos()
+    {
+        QFETCH(QByteArray, session);
+        QFETCH(QByteArray, tree);
+        QFETCH(bool, monitor);
+        TestLogCapture log;
+        ScopedEnv scoped({{"XDG_SESSION_TYPE", session}, {TrayDesktop::kProbeRootVariable, tree}});
+        QPointer<MonitorButtonReleasePosThread> started = TrayWidget::singleInstance()->waylandMonitor();
+        auto const stopMonitor = qScopeGuard([&started]() { delete started.data(); });
+        QCOMPARE(!started.isNull(), monitor);
+        QCOMPARE(log.count(QStringLiteral("[TrayWidget] wayland start monitor")), monitor ? 1 : 0);
+        if (!monitor)
+            return;
+        QVERIFY(started->isRunning());
+        TrayWidget::UninitInstance(true);
+        QVERIFY(started && started->isRunning());
     }
 
     // Left click: the centre (on Ubuntu the menu too); right click: the menu,
