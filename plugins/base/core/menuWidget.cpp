@@ -1,6 +1,7 @@
 #include "menuWidget.h"
 
 #include "basegui_common.h"
+#include "cqpopupshape.h"
 #include "clogdebug.h"
 
 #include <QEvent>
@@ -11,6 +12,7 @@
 namespace {
 constexpr char kLogModule[] = "plugins/base/core/trayWidget";
 constexpr int kMenuWidth = 270;
+constexpr int kCornerRadius = 4;
 constexpr int kItemWidth = 268;
 } // namespace
 
@@ -49,6 +51,9 @@ void MenuWidget::InitUI()
     setObjectName(QStringLiteral("MenuWidget"));
     setStyleSheet(basegui::Common::readQssFile(QStringLiteral(":/qss/MenuWidget.qss")));
     setFixedWidth(kMenuWidth);
+    // Its rounded corners: see-through where the desktop composites, cut out
+    // by a mask where it does not (a plain X server would paint them black).
+    CQPopupShape::install(this, kCornerRadius);
     setFocus();
 
     m_pLayout = new QVBoxLayout(this);
