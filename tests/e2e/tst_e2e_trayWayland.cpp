@@ -9,7 +9,7 @@
 // the screen's corner, so that the cursor gives no position.
 
 #include "deepinDesktopService.h"
-#include "sessionBus.h"
+#include "privateSessionBus.h"
 #include "trayScene.h"
 #include "ukuiPanelSettings.h"
 
@@ -41,7 +41,7 @@ class TstE2eTrayWayland : public QObject
 {
     Q_OBJECT
 
-    QScopedPointer<SessionBus> m_bus;
+    QScopedPointer<PrivateSessionBus> m_bus;
     QScopedPointer<DeepinDesktopService> m_deepin;
     QScopedPointer<UkuiPanelSettings> m_ukui;
     QScopedPointer<TrayScene> m_scene;
@@ -131,7 +131,7 @@ private slots:
              QStringLiteral("glib-compile-schemas")});
         if (!missing.isEmpty())
             QSKIP(qPrintable(QStringLiteral("not installed: ") + missing.join(QLatin1Char(' '))));
-        m_bus.reset(new SessionBus);
+        m_bus.reset(new PrivateSessionBus);
         QVERIFY2(!m_bus->address().isEmpty(), "dbus-daemon did not start");
         m_deepin.reset(new DeepinDesktopService(m_bus->address()));
         QVERIFY2(m_deepin->serve(), "the Deepin names could not be taken");

@@ -3,7 +3,7 @@
 // pointer; a left click brings the main window back; the menu's quit row
 // leads through the confirmation to the client's end.
 
-#include "sessionBus.h"
+#include "privateSessionBus.h"
 #include "trayScene.h"
 
 #include <QImage>
@@ -41,7 +41,7 @@ class TstE2eTrayX11 : public QObject
         m_scene.reset(new TrayScene);
         if (!m_scene->isUp() || !m_scene->desktop().startTray(edge, align))
             return false;
-        QProcessEnvironment env = m_scene->environment(SessionBus::deadAddress());
+        QProcessEnvironment env = m_scene->environment(PrivateSessionBus::deadAddress());
         env.insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("x11"));
         return m_scene->startClient(env);
     }

@@ -1,12 +1,15 @@
 #pragma once
 
+#include "childProcess.h"
+
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QString>
 
 // A session bus of the test's own: a dbus-daemon started on construction and
-// killed on destruction, whatever happened in between, so no test ever
-// reaches the desktop's bus or leaves a daemon behind.
+// killed on destruction, or with the test process if a time-out or a crash
+// ends it first, so no test ever reaches the desktop's bus or leaves a daemon
+// (and the clients it keeps alive, busctl among them) behind.
 class PrivateSessionBus
 {
 public:
@@ -24,6 +27,6 @@ public:
                                            QProcessEnvironment base = QProcessEnvironment::systemEnvironment());
 
 private:
-    QProcess m_daemon;
+    ChildProcess m_daemon;
     QString m_address;
 };
