@@ -1,13 +1,12 @@
 #include "noticeScreenshots.h"
 
 #include "bridgerecords.h"
-#include "clogdebug.h"
 #include "msgmgrwininterface.h"
 #include "quorixbackend.h"
 #include "quorixbackendregistry.h"
+#include "screenshotTaker.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
@@ -17,14 +16,7 @@
 
 namespace {
 
-char const* const kModule = "host/noticeScreenshots";
 int const kStackMargin = 24;
-
-void settle()
-{
-    for (int i = 0; i < 5; ++i)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
-}
 
 QList<MsgMgrWinInterface*> openPopups(char const* className = nullptr)
 {
@@ -58,15 +50,7 @@ NoticeScreenshots::NoticeScreenshots(QString const& directory)
 
 bool NoticeScreenshots::save(QWidget* w, QString const& name) const
 {
-    if (!w) {
-        BFLOG(BFLOG_WARN, kModule, "[NoticeScreenshots] no window for [%s]", qUtf8Printable(name));
-        return false;
-    }
-    QString const path = QDir(m_directory).filePath(name + QStringLiteral(".png"));
-    bool const ok = w->grab().save(path, "PNG");
-    BFLOG(ok ? BFLOG_INFO : BFLOG_ERROR, kModule, "[NoticeScreenshots] %s [%s]", ok ? "saved" : "cannot save",
-          qUtf8Printable(path));
-    return ok;
+    return ScreenshotTaker::savePicture(m_directory, name, w ? w->grab() : QPixmap());
 }
 
 // The notices first and alone: with the other pop-ups on the small offscreen
@@ -88,7 +72,7 @@ void NoticeScreenshots::closeAll()
 {
     for (MsgMgrWinInterface* popup : openPopups())
         popup->close();
-    settle();
+    ScreenshotTaker::settle();
 }
 
 void NoticeScreenshots::raiseNotices()
@@ -101,7 +85,7 @@ void NoticeScreenshots::raiseNotices()
     withLink.number2 = 4;
     emit backend->sig_UniNotifyMsg(withLink);
     emit backend->sig_UniNotifyMsg(notice("shot-3", "主动防御", "已阻止可疑进程", "进程 /tmp/x 试图修改系统文件，已被阻止。", 2));
-    settle();
+    ScreenshotTaker::settle();
 }
 
 void NoticeScreenshots::raiseDeviceAndOrder()
@@ -111,7 +95,7 @@ void NoticeScreenshots::raiseDeviceAndOrder()
                                                         QString::fromUtf8("根据管理员策略，USB 存储设备 SanDisk Ultra 已被禁用。"),
                                                         QString(), 60, QString::fromUtf8("厂商: SanDisk\n型号: Ultra\n序列号: 4C530001")});
     emit backend->sig_shutdown_reboot_notice(2, 60);
-    settle();
+    ScreenshotTaker::settle();
 }
 
 // Both looks of the first open window of that class.
@@ -125,10 +109,10 @@ void NoticeScreenshots::takeLooks(char const* className, QString const& name)
     }
     MsgMgrWinInterface::eUIType const before = popup->uiType();
     popup->changUIType(MsgMgrWinInterface::EUITYPE_ALONE);
-    settle();
+    ScreenshotTaker::settle();
     save(popup, name);
     popup->changUIType(MsgMgrWinInterface::EUITYPE_COMPACT);
-    settle();
+    ScreenshotTaker::settle();
     save(popup, name + QStringLiteral("-compact"));
     popup->changUIType(before);
 }
@@ -139,7 +123,7 @@ void NoticeScreenshots::takeDetails()
     QPushButton* details = popups.isEmpty() ? nullptr : popups.first()->findChild<QPushButton*>(QStringLiteral("m_pBtnText"));
     if (details)
         details->click();
-    settle();
+    ScreenshotTaker::settle();
     QWidget* win = nullptr;
     for (QWidget* w : QApplication::topLevelWidgets()) {
         if (w->objectName() == QLatin1String("DevicePopSubWin") && w->isVisible())
@@ -169,8 +153,5 @@ void NoticeScreenshots::takeStack()
     for (MsgMgrWinInterface* popup : popups)
         painter.drawPixmap(popup->frameGeometry().topLeft() - area.topLeft(), popup->grab());
     painter.end();
-    QString const path = QDir(m_directory).filePath(QStringLiteral("notice-stack.png"));
-    bool const ok = shot.save(path, "PNG");
-    BFLOG(ok ? BFLOG_INFO : BFLOG_ERROR, kModule, "[NoticeScreenshots] %s [%s]", ok ? "saved" : "cannot save",
-          qUtf8Printable(path));
+    ScreenshotTaker::savePicture(m_directory, QStringLiteral("notice-stack"), shot);
 }

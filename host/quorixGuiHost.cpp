@@ -74,7 +74,6 @@ void QuorixGuiHost::InitUIMainWindow()
     m_pMainWindow->setObjectName(QStringLiteral("m_pMainWindow"));
     m_pMainWindow->setWindowFlags(m_pMainWindow->windowFlags() | Qt::Window | Qt::FramelessWindowHint);
     m_pMainWindow->setWindowTitle(ClientIdentity::productName());
-    m_pMainWindow->setWindowIcon(ClientIdentity::icon());
     m_pMainWindow->setFixedSize(kWindowWidth, kWindowHeight);
     m_pMainWindow->setBodyMountName(kBodyMountName);
     m_pMainWindow->installEventFilter(this);

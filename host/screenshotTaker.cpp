@@ -36,14 +36,27 @@ CQMenu* rightTopMenu()
     return nullptr;
 }
 
+} // namespace
+
 // Lets layouts, style sheets and queued bridge answers settle before a grab.
-void settle()
+void ScreenshotTaker::settle()
 {
     for (int i = 0; i < 5; ++i)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
 }
 
-} // namespace
+bool ScreenshotTaker::savePicture(QString const& directory, QString const& name, QPixmap const& picture)
+{
+    if (picture.isNull()) {
+        BFLOG(BFLOG_WARN, kModule, "[ScreenshotTaker] no window for [%s]", qUtf8Printable(name));
+        return false;
+    }
+    QString const path = QDir(directory).filePath(name + QStringLiteral(".png"));
+    bool const ok = picture.save(path, "PNG");
+    BFLOG(ok ? BFLOG_INFO : BFLOG_ERROR, kModule, "[ScreenshotTaker] %s [%s]", ok ? "saved" : "cannot save",
+          qUtf8Printable(path));
+    return ok;
+}
 
 ScreenshotTaker::ScreenshotTaker(QWidget* mainWindow, QString const& directory, QObject* parent)
     : QObject(parent)
@@ -54,15 +67,7 @@ ScreenshotTaker::ScreenshotTaker(QWidget* mainWindow, QString const& directory, 
 
 bool ScreenshotTaker::save(QWidget* w, QString const& name)
 {
-    if (!w) {
-        BFLOG(BFLOG_WARN, kModule, "[ScreenshotTaker] no window for [%s]", qUtf8Printable(name));
-        return false;
-    }
-    QString const path = QDir(m_directory).filePath(name + QStringLiteral(".png"));
-    bool const ok = w->grab().save(path, "PNG");
-    BFLOG(ok ? BFLOG_INFO : BFLOG_ERROR, kModule, "[ScreenshotTaker] %s [%s]", ok ? "saved" : "cannot save",
-          qUtf8Printable(path));
-    return ok;
+    return savePicture(m_directory, name, w ? w->grab() : QPixmap());
 }
 
 void ScreenshotTaker::slot_takeAll()

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QString>
 
+class QPixmap;
 class QWidget;
 
 // Renders the client's windows into PNG files for the documentation: the main
@@ -18,6 +19,11 @@ public:
 
     // Takes every picture, then emits sig_done. Call once the main window is shown.
     void slot_takeAll();
+
+    // Runs the event loop a little, so that windows are laid out and painted.
+    static void settle();
+    // `picture` as <directory>/<name>.png; a null picture (no window) is logged.
+    static bool savePicture(QString const& directory, QString const& name, QPixmap const& picture);
 
 signals:
     void sig_done();

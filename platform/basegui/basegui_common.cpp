@@ -2,6 +2,7 @@
 
 #include "clogdebug.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QGridLayout>
 #include <QGuiApplication>
@@ -104,6 +105,19 @@ void Common::setWidgetMidPos(QWidget* w, QWidget* parent, QPoint const& offset)
     if (!w->isWindow() && w->parentWidget())
         topLeft = w->parentWidget()->mapFromGlobal(topLeft);
     w->move(topLeft);
+}
+
+// QWidget's first base is QObject, so a QObject* or void* of a widget has the
+// widget's own address.
+QWidget* Common::liveWidgetAt(void const* address)
+{
+    if (!address || !qobject_cast<QApplication*>(QCoreApplication::instance()))
+        return nullptr;
+    for (QWidget* w : QApplication::allWidgets()) {
+        if (static_cast<void const*>(w) == address)
+            return w;
+    }
+    return nullptr;
 }
 
 } // namespace basegui

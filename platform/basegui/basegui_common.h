@@ -21,6 +21,10 @@ public:
     static void clearGridLayout(QGridLayout* layout);
     // Centres `w` on `parent` (on the screen for a null parent), moved by `offset`.
     static void setWidgetMidPos(QWidget* w, QWidget* parent, QPoint const& offset);
+    // The widget alive right now at `address`, else null. Pointers handed
+    // over by other plugins may be stale: they are compared with the live
+    // widgets and never dereferenced before one matches.
+    static QWidget* liveWidgetAt(void const* address);
 };
 
 } // namespace basegui

@@ -1,5 +1,6 @@
 #include "msgMgrWinTraits.h"
 
+#include "basegui_common.h"
 #include "clogdebug.h"
 
 #include <QApplication>
@@ -15,27 +16,20 @@ Qt::WindowFlags const kNotificationFlags =
 
 MsgMgrWinInterface* MsgMgrWinTraits::liveWindow(MsgMgrWinInterface const* candidate)
 {
-    if (!candidate)
-        return nullptr;
     // QWidget is the first base of MsgMgrWinInterface, so a live window is
     // listed at the very address the sender gave.
-    void const* const address = candidate;
-    for (QWidget* widget : QApplication::allWidgets()) {
-        if (static_cast<void const*>(widget) != address)
-            continue;
-        auto* window = qobject_cast<MsgMgrWinInterface*>(widget);
-        if (!window)
-            BFLogPrintX(BFLOG_ERROR, kLogModule, __FUNCTION__, __LINE__,
-                        "[MsgMgrWinTraits] widget [%s] is not a MsgMgrWinInterface",
-                        widget->metaObject()->className());
-        return window && window->isWindow() ? window : nullptr;
-    }
-    return nullptr;
+    QWidget* const widget = basegui::Common::liveWidgetAt(candidate);
+    if (!widget)
+        return nullptr;
+    auto* window = qobject_cast<MsgMgrWinInterface*>(widget);
+    if (!window)
+        BFLogPrintX(BFLOG_ERROR, kLogModule, __FUNCTION__, __LINE__,
+                    "[MsgMgrWinTraits] widget [%s] is not a MsgMgrWinInterface", widget->metaObject()->className());
+    return window && window->isWindow() ? window : nullptr;
 }
 
 void MsgMgrWinTraits::prepareAsNotification(MsgMgrWinInterface* window)
 {
-    window->setAttribute(Qt::WA_ShowWithoutActivating, true);
     if ((window->windowFlags() & kNotificationFlags) != kNotificationFlags) {
         bool const wasVisible = window->isVisible();
         window->setWindowFlags(window->windowFlags() | kNotificationFlags);

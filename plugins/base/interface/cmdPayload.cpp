@@ -1,6 +1,6 @@
 #include "cmdPayload.h"
 
-#include <QApplication>
+#include "basegui_common.h"
 
 sPluginRegisterItem CmdPayload::record(QVariant const& payload)
 {
@@ -21,15 +21,7 @@ void* CmdPayload::rawPointer(QVariant const& payload)
     return payload.value<void*>();
 }
 
-// QWidget's first base is QObject, so a QObject* and a void* of a widget have
-// the same address as the widget itself.
 QWidget* CmdPayload::findWidget(void const* address)
 {
-    if (!address || !qobject_cast<QApplication*>(QCoreApplication::instance()))
-        return nullptr;
-    for (QWidget* w : QApplication::allWidgets()) {
-        if (static_cast<void const*>(w) == address)
-            return w;
-    }
-    return nullptr;
+    return basegui::Common::liveWidgetAt(address);
 }
