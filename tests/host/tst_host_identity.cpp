@@ -1,23 +1,13 @@
 // What the taskbar, Alt+Tab and the window list show for the client: its
-// desktop entry, the product's icon on every window and a title of their own.
+// desktop entry and the product's icon, drawn for every size asked.
 
 #include "clientIdentity.h"
-#include "cWinAbout.h"
 #include "cqmainwindow.h"
-#include "mainExitAskWin.h"
-#include "promotwin.h"
 #include "quorixGuiHost.h"
-#include "settingCentreWidget.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <functional>
-#include <memory>
-
-using WindowFactory = std::function<QWidget*()>;
-Q_DECLARE_METATYPE(WindowFactory)
 
 class TestHostIdentity : public QObject
 {
@@ -32,25 +22,6 @@ private slots:
         ClientIdentity::apply();
         QCOMPARE(QGuiApplication::desktopFileName(), QStringLiteral("quorix-gui"));
         QCOMPARE(QGuiApplication::applicationDisplayName(), QStringLiteral("Quorix终端安全管理系统"));
-    }
-
-    void windows_data()
-    {
-        QTest::addColumn<WindowFactory>("make");
-        QTest::addColumn<QString>("title");
-        QTest::newRow("about") << WindowFactory([] { return new CWinAbout(nullptr); }) << "关于";
-        QTest::newRow("settings centre") << WindowFactory([] { return new SettingCentreWidget; }) << "设置中心";
-        QTest::newRow("prompt") << WindowFactory([] { return new PromotWin; }) << "提示";
-        QTest::newRow("quit question") << WindowFactory([] { return new MainExitAskWin; }) << "关闭";
-    }
-
-    void windows()
-    {
-        QFETCH(WindowFactory, make);
-        QFETCH(QString, title);
-        std::unique_ptr<QWidget> window(make());
-        QCOMPARE(window->windowTitle(), title);
-        QVERIFY(!window->windowIcon().isNull());
     }
 
     // Every size a taskbar or Alt+Tab asks for, drawn for that size.

@@ -86,29 +86,6 @@ private slots:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    void noticeCaptions_data()
-    {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("caption");
-        QTest::newRow("1") << 1 << QString::fromUtf8("停止");
-        QTest::newRow("2") << 2 << QString::fromUtf8("完成");
-        QTest::newRow("3 (default)") << 3 << QString::fromUtf8("知道了");
-        QTest::newRow("4") << 4 << QString::fromUtf8("查看详情");
-        QTest::newRow("5") << 5 << QString::fromUtf8("运行");
-        QTest::newRow("6") << 6 << QString::fromUtf8("取消");
-        QTest::newRow("9") << 9 << QString::fromUtf8("未知");
-        QTest::newRow("0") << 0 << QString::fromUtf8("未知");
-    }
-    void noticeCaptions()
-    {
-        QFETCH(int, code);
-        QFETCH(QString, caption);
-        __sUniNoticeMsgInfo info = notice();
-        info.number2 = code;
-        UniNoticeMsg win(info, nullptr);
-        QCOMPARE(child<CQButton>(&win, "m_pBtnMain")->plainText(), caption);
-    }
-
     // The level picks the title type and the strip; the heading hides for
     // good once a notice comes without one.
     void noticeLevelAndHeading()
@@ -128,35 +105,6 @@ private slots:
         info.text1 = QStringLiteral("Back");
         win.updateInfo(info);
         QVERIFY(child(&win, "m_pLabMsgTitle")->isHidden());
-    }
-
-    // Stand-alone: title window; compact: strip with its own title and close
-    // button. Any other type changes nothing.
-    void noticeLooks_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<bool>("titleWin");
-        QTest::addColumn<int>("headingPx");
-        QTest::newRow("alone") << 0 << true << 16;
-        QTest::newRow("compact") << 1 << false << 14;
-        QTest::newRow("unknown") << 5 << true << 16;
-    }
-    void noticeLooks()
-    {
-        QFETCH(int, type);
-        QFETCH(bool, titleWin);
-        QFETCH(int, headingPx);
-        UniNoticeMsg notice_(notice(), nullptr);
-        DevicePopWin device_(device(), nullptr);
-        device_.changUIType(MsgMgrWinInterface::EUITYPE_ALONE);
-        for (MsgMgrWinInterface* win : {static_cast<MsgMgrWinInterface*>(&notice_), static_cast<MsgMgrWinInterface*>(&device_)}) {
-            win->show();
-            QCOMPARE(win->changUIType(static_cast<MsgMgrWinInterface::eUIType>(type)), 0);
-            QCOMPARE(win->findChild<PromptTitleWin*>()->isVisible(), titleWin);
-            QCOMPARE(win->findChild<QWidget*>(QStringLiteral("m_pTitleWin1"))->isVisible(), !titleWin);
-            QVERIFY(child(win, "m_pLabMsgTitle")->styleSheet().contains(QStringLiteral("font-size: %1px").arg(headingPx))
-                    || type == 5);
-        }
     }
 
     // The device pop-up's height follows its look, as the message manager

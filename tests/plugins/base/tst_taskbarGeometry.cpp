@@ -45,8 +45,6 @@ private slots:
     {
         QTest::addColumn<QByteArray>("output");
         QTest::addColumn<int>("side");
-        QTest::newRow("top") << dockReply("int32 0") << 1;
-        QTest::newRow("right") << dockReply("int32 1") << 2;
         QTest::newRow("bottom") << dockReply("int32 2") << 3;
         QTest::newRow("left") << dockReply("int32 3") << 0;
         QTest::newRow("unknown value stops the scan") << dockReply("int32 7 3") << 3;
@@ -73,9 +71,7 @@ private slots:
         QTest::addColumn<QByteArray>("output");
         QTest::addColumn<int>("side");
         QTest::newRow("bottom") << QByteArray("0\n") << 3;
-        QTest::newRow("top") << QByteArray("1\n") << 1;
         QTest::newRow("left, typed") << QByteArray("uint32 2\n") << 0;
-        QTest::newRow("right") << QByteArray("  3  \n") << 2;
         QTest::newRow("last number wins") << QByteArray("2\n1\n") << 1;
         QTest::newRow("unknown value keeps the last") << QByteArray("3 9\n") << 2;
         QTest::newRow("no such key") << QByteArray("No such key “panelposition”\n") << 3;
@@ -135,8 +131,6 @@ private slots:
         QTest::addColumn<int>("thickness");
         QTest::addColumn<QPoint>("topLeft");
         QTest::newRow("left") << 0 << 40 << QPoint(40, 780);
-        QTest::newRow("top") << 1 << 56 << QPoint(1650, 56);
-        QTest::newRow("right") << 2 << 40 << QPoint(1610, 780);
         QTest::newRow("bottom") << 3 << 40 << QPoint(1650, 740);
         QTest::newRow("no side") << 4 << 40 << QPoint(0, 0);
         QTest::newRow("absurd thickness") << 3 << INT_MAX << QPoint(1650, 780 - INT_MAX);

@@ -134,12 +134,6 @@ private slots:
         QTest::newRow("prompt") << QStringList{"prompt", "--type", "2", "Title", "Text"}
                                 << "[BasePlugin] receive backend notice, type [2]";
         QTest::newRow("show") << QStringList{"show"} << "[QuorixGuiHost] main window shown on request";
-        // The day count, hiding and a jump leave no record of their own in the
-        // client; the service's record says the backend emitted, and
-        // tst_quorixctl_service follows them through the bridge.
-        QTest::newRow("days") << QStringList{"days", "42"} << "[BackendControlService] GuardDays accepted";
-        QTest::newRow("hide") << QStringList{"hide"} << "[BackendControlService] Hide accepted";
-        QTest::newRow("jump") << QStringList{"jump", "m_pHomePage"} << "[BackendControlService] Jump accepted";
     }
 
     void commandReachesClient()
