@@ -188,6 +188,20 @@ bool SettingItemWidget::slot_savePageInfo()
     QString const name = getBarName();
     QVariant data = d->pageData;
     QList<QPointer<SettingSubItemWidget>> const rows = d->rows;
+    bool const stored = collectAndStore(rows, data, name);
+    // The store spins an event loop: the page or a row may be gone by now.
+    for (auto const& row : rows) {
+        if (row)
+            row->slot_saveFinished(stored);
+    }
+    if (stored && self)
+        d->pageData = data;
+    return stored;
+}
+
+bool SettingItemWidget::collectAndStore(QList<QPointer<SettingSubItemWidget>> const& rows, QVariant& data,
+                                        QString const& name)
+{
     for (auto const& row : rows) {
         if (row && !row->slot_savePageInfo(data)) {
             BFLogPrintX(4, kModule, __FUNCTION__, __LINE__, "[SettingItemWidget] %s: a row refused to save",
@@ -204,8 +218,6 @@ bool SettingItemWidget::slot_savePageInfo()
                     qUtf8Printable(name));
         return false;
     }
-    if (self)
-        d->pageData = data;
     return true;
 }
 

@@ -56,6 +56,8 @@ signals:
     void sig_save(QObject* button);
 
 private:
+    bool collectAndStore(QList<QPointer<SettingSubItemWidget>> const& rows, QVariant& data, QString const& name);
+
     struct Private;
     Private* d;
 };

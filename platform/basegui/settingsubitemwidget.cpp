@@ -15,6 +15,11 @@ bool SettingSubItemWidget::slot_savePageInfo(QVariant& data)
     return true;
 }
 
+void SettingSubItemWidget::slot_saveFinished(bool stored)
+{
+    Q_UNUSED(stored)
+}
+
 bool SettingSubItemWidget::slot_isSavedPageInfo()
 {
     return true;

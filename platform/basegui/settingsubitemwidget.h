@@ -16,6 +16,10 @@ public:
 
     // Writes the row's value into `data`; false if it cannot.
     virtual bool slot_savePageInfo(QVariant& data);
+    // Told after the page's store ran: a row that took its value as saved in
+    // slot_savePageInfo takes it back when the store failed, so the edit on
+    // screen still counts as unsaved.
+    virtual void slot_saveFinished(bool stored);
     // True when the row shows the stored value.
     virtual bool slot_isSavedPageInfo();
     // Reloads the row from the backend.

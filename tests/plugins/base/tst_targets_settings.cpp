@@ -12,6 +12,7 @@
 #include "settingCentreWidgetMgr.h"
 #include "settingpluginmodeldatainterface.h"
 #include "simulatedsettingsstore.h"
+#include "testLogCapture.h"
 
 #include <QPointer>
 #include <QPushButton>
@@ -72,6 +73,22 @@ public:
     QString getBarName() override { return QStringLiteral("其他设置"); }
     QString getBarObject() override { return QStringLiteral("OtherPage"); }
 };
+
+// Counts the show and hide hooks the centre runs on its current page.
+class HookCounter : public CommonSetting
+{
+public:
+    int shows = 0, shown = 0, hides = 0, hidden = 0;
+    bool preShowEvent() override { return ++shows, true; }
+    void postShowEvent() override { ++shown; }
+    bool preHideEvent() override { return ++hides, true; }
+    void postHideEvent() override { ++hidden; }
+};
+
+bool failingStore(QVariant)
+{
+    return false;
+}
 
 } // namespace
 
@@ -176,6 +193,51 @@ private slots:
         mgr->unRegisterItem(m_pPage);
         QTRY_VERIFY(window.isNull());
         QVERIFY(!m_pPage->parentWidget());
+    }
+
+    // One open and one close through the manager run each hook once, on the
+    // page and in the log.
+    void hooksRunOncePerShowAndHide()
+    {
+        HookCounter page;
+        CloseMainPanelSettingSubItem row;
+        page.registerItem(&row);
+        CSettingCenterWidgetMgr* mgr = CSettingCenterWidgetMgr::singleInstance();
+        connect(mgr, &CSettingCenterWidgetMgr::sig_registerItem, this, [&]() { mgr->registerItem(&page); });
+        mgr->gotoChildObject(QString());   // the window is new: its first show has no page yet
+        mgr->gotoChildObject(QString());   // already visible: no hook
+        TestLogCapture log;
+        mgr->hideUIMainWin();
+        QVERIFY(!mgr->window()->isVisible());
+        mgr->gotoChildObject(QString());
+        QCOMPARE(QList<int>() << page.shows << page.shown << page.hides << page.hidden, QList<int>() << 1 << 1 << 1 << 1);
+        QCOMPARE(log.count(QStringLiteral("SettingCentreWidget::preHideEvent begin...")), 1);
+        mgr->unRegisterItem(&page);
+    }
+
+    // A store that fails leaves the edit on screen and unsaved, so leaving
+    // the page still asks instead of dropping the choice.
+    void failedStoreKeepsTheEditUnsaved()
+    {
+        SettingCentreWidget centre;
+        OtherPage other;
+        QVERIFY(centre.addItem(m_pPage) && centre.addItem(&other));
+        centre.activateShow();
+        auto const store = SettingItemWidget::m_pfSetSettingData;
+        SettingItemWidget::m_pfSetSettingData = &failingStore;
+        choose("m_pRadioBtnMinimize");
+        m_pPage->saveButton()->click();
+        SettingItemWidget::m_pfSetSettingData = store;
+        QTRY_VERIFY(toastShown(QString::fromUtf8("常规设置 设置保存失败")));
+        QCOMPARE(m_pRow->checkedValue(), 1);
+        QVERIFY(!m_pPage->slot_isSavedPageInfo());
+        PromptAnswerer answerer(false);
+        centre.slot_currentChanged(1);
+        QCOMPARE(answerer.asked, 1);
+        QCOMPARE(centre.currentItem(), m_pPage);
+        QCOMPARE(m_pRow->checkedValue(), 1);
+        centre.removeItem(other.getBarName());
+        centre.removeItem(m_pPage->getBarName());
     }
 
     // Leaving a page with an unsaved row (switching by slot or by the list,

@@ -49,6 +49,8 @@ public:
     QButtonGroup* m_pButtonGroup = nullptr;
     CQRadioButton* m_pButtons[kChoiceCount] = {};
     int m_nSavedValue = 0;
+    // The saved value before the last save, restored if the store fails.
+    int m_nValueBeforeSave = 0;
 };
 
 void CloseMainPanelSettingSubItemPrivate::InitUI()
@@ -127,9 +129,16 @@ bool CloseMainPanelSettingSubItem::slot_savePageInfo(QVariant& data)
     int const checked = checkedValue();
     if (checked >= 0)
         record.closeAction = checked;
+    d_ptr->m_nValueBeforeSave = d_ptr->m_nSavedValue;
     d_ptr->m_nSavedValue = record.closeAction;
     data = QVariant::fromValue(record);
     return true;
+}
+
+void CloseMainPanelSettingSubItem::slot_saveFinished(bool stored)
+{
+    if (!stored)
+        d_ptr->m_nSavedValue = d_ptr->m_nValueBeforeSave;
 }
 
 bool CloseMainPanelSettingSubItem::slot_isSavedPageInfo()

@@ -15,6 +15,7 @@ public:
     ~CloseMainPanelSettingSubItem() override;
 
     bool slot_savePageInfo(QVariant& data) override;
+    void slot_saveFinished(bool stored) override;
     bool slot_isSavedPageInfo() override;
     bool slot_updatePageInfo() override;
     void updateLockStatus(bool locked) override;

@@ -101,6 +101,11 @@ void SettingCentreWidgetPrivate::InitUIWin()
     q_ptr->setFixedSize(kWidth, kHeight);
     basegui::Common::setWidgetMidPos(q_ptr, nullptr, QPoint(50, 50));
     q_ptr->setObjectName(QStringLiteral("SettingCentreWidget"));
+    // Asked first by name when the frame opens the centre; the window itself
+    // declines, so the manager (mounted too) brings it to the front.
+    if (!q_ptr->mount(q_ptr->objectName(), nullptr))
+        BFLogPrintX(BFLOG_WARN, kLogModule, __FUNCTION__, __LINE__, "[SettingCentreWidget] mount %s failed",
+                    qUtf8Printable(q_ptr->objectName()));
     q_ptr->setAttribute(Qt::WA_StyledBackground);
     q_ptr->setStyleSheet(basegui::Common::readQssFile(QStringLiteral(":/qss/settingCentreWidget.qss")));
 
@@ -183,6 +188,7 @@ SettingCentreWidget::SettingCentreWidget(QWidget* parent)
 SettingCentreWidget::~SettingCentreWidget()
 {
     d_ptr->unmountPages();
+    unmount();
     // Pages belong to their plugins; the navigation hands them back when it goes.
     delete d_ptr->m_pNavigateWidget;
     delete d_ptr;
@@ -276,26 +282,12 @@ bool SettingCentreWidget::gotoChildObject(QString const& name)
     return false;
 }
 
-void SettingCentreWidget::activateShow()
-{
-    // With no page yet (the first open, before the plugins answer) there is
-    // nothing to veto; the window shows in any case.
-    preShowEvent();
-    show();
-    raise();
-    activateWindow();
-    postShowEvent();
-}
-
 bool SettingCentreWidget::tryHide()
 {
-    if (!isVisible())
-        return true;
-    if (!preHideEvent())
-        return false;
+    // The kit's hide runs the hide hooks, and through them the unsaved-edits
+    // question; a veto leaves the window visible.
     hide();
-    postHideEvent();
-    return true;
+    return !isVisible();
 }
 
 bool SettingCentreWidget::preShowEvent()

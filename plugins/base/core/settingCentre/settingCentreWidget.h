@@ -32,7 +32,6 @@ public:
 
     // Show and hide with the pages' hooks: the hide is refused (false) when the
     // user keeps unsaved edits.
-    void activateShow();
     bool tryHide();
 
     bool preShowEvent();

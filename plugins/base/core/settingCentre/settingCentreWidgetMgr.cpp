@@ -9,7 +9,7 @@
 namespace {
 constexpr char kLogModule[] = "plugins/base/core/settingCentre/settingCentreWidgetMgr";
 // The name the frame opens the settings centre by.
-constexpr char kMountName[] = "SettingCentreWidget";
+constexpr char kMountName[] = "CSettingCenterWidgetMgr";
 
 CSettingCenterWidgetMgr* s_pInstance = nullptr;
 } // namespace
