@@ -1,5 +1,6 @@
 #include "basecardwin.h"
 
+#include "basegui_common.h"
 #include "clogdebug.h"
 
 #include <QLabel>
@@ -42,6 +43,7 @@ void BaseCardWin::Private::InitUI()
 
     title = new QLabel(q);
     title->setObjectName("m_pLabelCardTitle");
+    title->setTextFormat(Qt::PlainText);
     title->setGeometry(kMargin, 14, CardWidth - 2 * kMargin - 40, 22);
 }
 
@@ -124,6 +126,8 @@ int BaseCardWin::registerItem(QWidget* w, int key)
         BFLogPrintX(4, kModule, __FUNCTION__, __LINE__, "[BaseCardWin] widget is null, key is [%d]", key);
         return -1;
     }
+    if (basegui::Common::refusesOwnAncestor(this, w, "BaseCardWin"))
+        return -1;
     if (d->blocks.value(key)) {
         BFLogPrintX(3, kModule, __FUNCTION__, __LINE__, "[BaseCardWin] key [%d] exists, not register.", key);
         return -1;

@@ -109,6 +109,22 @@ void Common::setWidgetMidPos(QWidget* w, QWidget* parent, QPoint const& offset)
 
 // QWidget's first base is QObject, so a QObject* or void* of a widget has the
 // widget's own address.
+bool Common::refusesOwnAncestor(QWidget const* container, QWidget const* w, char const* who)
+{
+    if (!container || !w)
+        return false;
+    // Not QWidget::isAncestorOf: it stops at window borders, and a dialog's
+    // parent window is just as fatal to take in.
+    QWidget const* up = container;
+    while (up && up != w)
+        up = up->parentWidget();
+    if (!up)
+        return false;
+    BFLogPrintX(4, kModule, __FUNCTION__, __LINE__, "[%s] refuses [%s]: it is the container itself or one of its ancestors",
+                who, qUtf8Printable(w->objectName()));
+    return true;
+}
+
 QWidget* Common::liveWidgetAt(void const* address)
 {
     if (!address || !qobject_cast<QApplication*>(QCoreApplication::instance()))

@@ -25,6 +25,11 @@ public:
     // over by other plugins may be stale: they are compared with the live
     // widgets and never dereferenced before one matches.
     static QWidget* liveWidgetAt(void const* address);
+    // True, and logged at level 4, when `w` is `container` itself or one of
+    // its ancestors: taking it in would make a widget its own parent, which
+    // loops in the layout or overflows the stack. `who` names the container's
+    // class in the log line.
+    static bool refusesOwnAncestor(QWidget const* container, QWidget const* w, char const* who);
 };
 
 } // namespace basegui

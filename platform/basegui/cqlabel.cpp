@@ -21,14 +21,19 @@ char const* const kPropShown = "cqlabel_shown";
 
 } // namespace
 
+// Plain by default: most texts shown here come from the backend or from
+// other plugins, and Qt would guess that a text with a '<' in it is markup.
 CQLabel::CQLabel(QWidget* parent)
     : QLabel(parent)
 {
+    setTextFormat(Qt::PlainText);
 }
 
 CQLabel::CQLabel(QString const& text, QWidget* parent)
-    : QLabel(text, parent)
+    : QLabel(parent)
 {
+    setTextFormat(Qt::PlainText);
+    setText(text);
 }
 
 CQLabel::~CQLabel() = default;

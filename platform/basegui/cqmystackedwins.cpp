@@ -1,5 +1,6 @@
 #include "cqmystackedwins.h"
 
+#include "basegui_common.h"
 #include "clogdebug.h"
 
 #include <QBoxLayout>
@@ -31,6 +32,8 @@ int CQMyStackedWins::registerItem(QWidget* w, int key)
         BFLogPrintX(4, kModule, __FUNCTION__, __LINE__, "[CQMyStackedWins] widget is null, key is [%d]", key);
         return -1;
     }
+    if (basegui::Common::refusesOwnAncestor(this, w, metaObject()->className()))
+        return -1;
     if (contains(key)) {
         BFLogPrintX(3, kModule, __FUNCTION__, __LINE__, "[CQMyStackedWins] key [%d] exists, not register.", key);
         return -1;

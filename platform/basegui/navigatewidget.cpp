@@ -1,5 +1,6 @@
 #include "navigatewidget.h"
 
+#include "basegui_common.h"
 #include "clogdebug.h"
 #include "navigateitemwidget.h"
 
@@ -236,6 +237,8 @@ int NavigateWidget::addItem(NavigateItemWidget* item)
         BFLogPrintX(4, kModule, __FUNCTION__, __LINE__, "[NavigateWidget] item is null, not add.");
         return -1;
     }
+    if (basegui::Common::refusesOwnAncestor(this, item, "NavigateWidget"))
+        return -1;
     if (d->find(item) >= 0) {
         BFLogPrintX(3, kModule, __FUNCTION__, __LINE__, "[NavigateWidget] item [%s] already added, not add.",
                     qUtf8Printable(item->getBarName()));
@@ -276,6 +279,8 @@ void NavigateWidget::addBottomWidget(QWidget* w)
         BFLogPrintX(4, kModule, __FUNCTION__, __LINE__, "[NavigateWidget] bottom widget is null");
         return;
     }
+    if (basegui::Common::refusesOwnAncestor(d->bottom, w, "NavigateWidget"))
+        return;
     QPoint const pos = w->pos();
     w->setParent(d->bottom);
     w->move(pos);

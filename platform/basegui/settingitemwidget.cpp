@@ -1,5 +1,6 @@
 #include "settingitemwidget.h"
 
+#include "basegui_common.h"
 #include "clogdebug.h"
 #include "cqbutton.h"
 #include "settingsubitemwidget.h"
@@ -105,6 +106,8 @@ int SettingItemWidget::registerItem(SettingSubItemWidget* item)
         BFLogPrintX(4, kModule, __FUNCTION__, __LINE__, "[SettingItemWidget] item is null");
         return -1;
     }
+    if (basegui::Common::refusesOwnAncestor(this, item, "SettingItemWidget"))
+        return -1;
     if (d->find(item) >= 0) {
         BFLogPrintX(3, kModule, __FUNCTION__, __LINE__, "[SettingItemWidget] item already registered");
         return -1;

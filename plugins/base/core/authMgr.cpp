@@ -1,6 +1,6 @@
 #include "authMgr.h"
 
-#include "authMgritem.h"
+#include "authmgritem.h"
 #include "clogdebug.h"
 #include "cqlabel.h"
 #include "itemsWin.h"

@@ -97,6 +97,7 @@ void CWinAboutPrivate::InitUIStackedWins()
     m_pLabClientVersionSimple->setObjectName(QStringLiteral("m_pLabClientVersionSimple"));
     m_pLabClientVersionSimple->setFixedSize(61, 28);
     m_pLabClientVersionSimple->setAlignment(Qt::AlignCenter);
+    m_pLabClientVersionSimple->setTextFormat(Qt::PlainText);
     m_pStackedWins->registerItem(m_pLabClientVersionSimple, kShortVersionKey);
 }
 
@@ -113,6 +114,8 @@ QLabel* CWinAboutPrivate::createLine(QString const& name, int x, int y)
     QLabel* line = new QLabel(q_ptr);
     line->setObjectName(name);
     line->setGeometry(x, y, 250, 22);
+    // Versions come from the backend: shown as they are, never as markup.
+    line->setTextFormat(Qt::PlainText);
     return line;
 }
 
@@ -151,12 +154,13 @@ CWinAbout::CWinAbout(QWidget* parent)
 CWinAbout::~CWinAbout()
 {
     // Badges belong to the plugins that registered them; the dialog is deleted
-    // on every close, so hand them back alive.
+    // on every close, so hand them back alive. Its own version badge is
+    // detached like the others and would outlive the dialog as a hidden
+    // top-level label, one per opening.
     QList<int> const keys = d_ptr->m_pStackedWins->keys();
-    for (int key : keys) {
-        if (key != kShortVersionKey)
-            d_ptr->m_pStackedWins->unRegisterItem(key);
-    }
+    for (int key : keys)
+        d_ptr->m_pStackedWins->unRegisterItem(key);
+    delete d_ptr->m_pLabClientVersionSimple;
     delete d_ptr;
     d_ptr = nullptr;
     BFLogPrintX(BFLOG_DEBUG, kLogModule, __FUNCTION__, __LINE__, "[CWinAbout] delete CWinAbout obj");
@@ -179,8 +183,6 @@ int CWinAbout::registerItem(QWidget* w, int key)
 
 int CWinAbout::unRegisterItem(int key)
 {
-    if (key == kShortVersionKey && d_ptr->m_pStackedWins->item(key) == d_ptr->m_pLabClientVersionSimple)
-        return -1;   // the dialog's own version badge stays
     return d_ptr->m_pStackedWins->unRegisterItem(key);
 }
 

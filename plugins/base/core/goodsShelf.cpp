@@ -64,6 +64,8 @@ int GoodsShelf::registerItem(QWidget* w, int index)
         BFLogPrintX(BFLOG_ERROR, kLogModule, __FUNCTION__, __LINE__, "[GoodsShelf] paras is null");
         return -1;
     }
+    if (basegui::Common::refusesOwnAncestor(this, w, "GoodsShelf"))
+        return -1;
     {
         QMutexLocker locker(&m_mutex);
         if (!m_items.insert(index, w)) {

@@ -50,9 +50,12 @@ int HomePageWidget::registerItem(sPluginRegisterItem item)
 {
     auto const it = m_mapItems.constFind(item.index);
     // A row whose owner has deleted its widget no longer holds the key.
-    if (it != m_mapItems.constEnd() && !(it->item.object && it->guard.isNull()))
+    if (it != m_mapItems.constEnd() && !it->gone())
         return -1;
-    m_mapItems.insert(item.index, Row{item, QPointer<QObject>(item.object)});
+    QWidget* const w = basegui::Common::liveWidgetAt(item.object);
+    if (basegui::Common::refusesOwnAncestor(this, w, "HomePageWidget"))
+        return -1;
+    m_mapItems.insert(item.index, Row{item, QPointer<QWidget>(w), w != nullptr});
     resetUI();
     return 0;
 }
@@ -68,10 +71,10 @@ int HomePageWidget::unRegisterItem(int key)
 
 int HomePageWidget::registerItem2DataArea(sPluginRegisterItem item)
 {
-    QWidget* w = qobject_cast<QWidget*>(item.object);
-    if (!w)
-        return -1;
+    QWidget* w = basegui::Common::liveWidgetAt(item.object);
     CQLabel* area = d_ptr->m_pWinDataArea;
+    if (!w || basegui::Common::refusesOwnAncestor(area, w, "HomePageWidget"))
+        return -1;
     // The engine status widget of the antivirus plugin replaces the fallback
     // day counter, never the other way round.
     QString const newName = w->objectName();
@@ -94,7 +97,7 @@ int HomePageWidget::registerItem2DataArea(sPluginRegisterItem item)
 
 int HomePageWidget::registerItem2CardArea(sPluginRegisterItem item)
 {
-    d_ptr->m_pCardsWin->registerItem(qobject_cast<QWidget*>(item.object), item.index);
+    d_ptr->m_pCardsWin->registerItem(basegui::Common::liveWidgetAt(item.object), item.index);
     return 0;
 }
 
@@ -132,11 +135,11 @@ void HomePageWidget::resetUI()
 {
     basegui::Common::clearLayout(m_pLayout, false);
     for (auto it = m_mapItems.begin(); it != m_mapItems.end();) {
-        if (it->item.object && it->guard.isNull()) {
+        if (it->gone()) {
             it = m_mapItems.erase(it);   // deleted by its owner: the row is gone
             continue;
         }
-        QWidget* w = qobject_cast<QWidget*>(it->guard.data());
+        QWidget* w = it->widget.data();
         if (!w) {
             BFLogPrintX(4, kModule, __FUNCTION__, __LINE__, "[HomePageWidget] w is null");
         } else {

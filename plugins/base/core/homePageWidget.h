@@ -46,11 +46,14 @@ public:
     CardsWin* cardsWin() const;
 
 private:
-    // The record as registered, and a guard that tells whether its object is
-    // still alive: owners delete their rows whenever they like.
+    // The record as registered. A row that was a live widget keeps a guard,
+    // since owners delete their rows whenever they like; any other object is
+    // only an address (it may be stale or made up) and is never touched.
     struct Row {
         sPluginRegisterItem item;
-        QPointer<QObject> guard;
+        QPointer<QWidget> widget;
+        bool wasWidget = false;
+        bool gone() const { return wasWidget && widget.isNull(); }
     };
 
     QVBoxLayout* m_pLayout = nullptr;

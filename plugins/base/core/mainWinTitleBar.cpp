@@ -1,6 +1,7 @@
 #include "mainWinTitleBar.h"
 #include "mainWinTitleBar_p.h"
 
+#include "basegui_common.h"
 #include "cqtitlebuttons.h"
 #include "cqcloudbrainlabel.h"
 #include "messagecenterpluginmodeldatainterface.h"
@@ -33,7 +34,7 @@ MainWinTitleBar::~MainWinTitleBar()
 
 void MainWinTitleBar::registerWin(QWidget* w, eBaseTitleBarDir dir, eBaseTitleBarObjPosID pos)
 {
-    if (!w)
+    if (!w || basegui::Common::refusesOwnAncestor(this, w, "MainWinTitleBar"))
         return;
     MainWinTitleBarPrivate::AreaMap* map = nullptr;
     QMutex* mutex = nullptr;

@@ -71,7 +71,7 @@ void MenuWidget::InitUI()
 
 void MenuWidget::addItem(QWidget* w, int index)
 {
-    if (!w)
+    if (!w || basegui::Common::refusesOwnAncestor(this, w, "MenuWidget"))
         return;
     {
         QMutexLocker locker(&m_mutex);

@@ -59,7 +59,7 @@ MessageTip::~MessageTip()
 
 int MessageTip::registerItem(SubMessageTipItemInterface* item)
 {
-    if (!item)
+    if (!item || basegui::Common::refusesOwnAncestor(this, item, "MessageTip"))
         return -1;
     // No duplicate check: a second registration only connects the signal once
     // more, and switching to a panel twice is harmless.

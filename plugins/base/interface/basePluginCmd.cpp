@@ -1,10 +1,11 @@
 #include "basePluginCmd.h"
 
 #include "authMgr.h"
-#include "authMgritem.h"
+#include "authmgritem.h"
 #include "baseCmdDefine.h"
 #include "basePlugin.h"
 #include "basePlugin_p.h"
+#include "basegui_common.h"
 #include "basepluginmodeldatainterface.h"
 #include "cmdPayload.h"
 #include "cWinAbout.h"
@@ -97,7 +98,8 @@ bool BasePluginCmd::navigateBottom(QString const& cmd, QVariant const& para)
     if (!w)
         return true;
     if (add) {
-        if (!d->m_pWidgetBottomBar)
+        if (!d->m_pWidgetBottomBar
+            || basegui::Common::refusesOwnAncestor(d->m_pWidgetBottomBar, w, "BasePlugin"))
             return true;
         w->setParent(d->m_pWidgetBottomBar);
         w->move(item.extra.toPoint());

@@ -2,7 +2,7 @@
 // wrong, null and stale payloads reach nothing and crash nothing.
 
 #include "authMgr.h"
-#include "authMgritem.h"
+#include "authmgritem.h"
 #include "baseCmdDefine.h"
 #include "basepluginmodeldatainterface.h"
 #include "cWinAbout.h"
@@ -87,11 +87,19 @@ std::function<QObject*()> maker(char const* name = "busObject")
     };
 }
 
-// A menu action and a home-page row may be non-widgets, which no look-up can
-// tell from a stale pointer: their senders keep them alive until unregistered.
+// A menu action is no widget, which no look-up can tell from a stale pointer:
+// its sender keeps it alive until unregistered.
 bool senderVouches(QString const& cmd)
 {
-    return cmd == QLatin1String(BASEPLUGIN_CMD_REGISTER_MENUITEM) || cmd == QLatin1String(BASEPLUGIN_CMD_REGISTER_HOMEPAGE);
+    return cmd == QLatin1String(BASEPLUGIN_CMD_REGISTER_MENUITEM);
+}
+
+// Walks up from `w`; false if the chain comes back on itself.
+bool parentChainEnds(QWidget* w)
+{
+    for (int depth = 0; w && depth < 64; ++depth)
+        w = w->parentWidget();
+    return !w;
 }
 
 int menuEntries()
@@ -336,6 +344,61 @@ private slots:
         P()->execCmd(EPLUGIN_ID_ALL_PLUGIN_CMD_RIGHTTOP_POP_SHOW, QVariant());
         P()->authMgr()->updateIconStatus();
         QCOMPARE(probe.parentWidget(), titleRightArea());   // the frame still works
+    }
+
+    // The frame's own widgets offered back to it by every registration: no
+    // container takes itself or an ancestor, nothing loops, the frame goes on.
+    void command_frameOffersItself_data()
+    {
+        addColumns();
+        addRows("", [](QString const& cmd, BusCase const& bc) {
+            return (bc.pack.kind == Pack::Record || bc.pack.kind == Pack::Pointer) && !cmd.contains("UNREGISTER")
+                && !cmd.contains("DELITEM");
+        });
+    }
+    void command_frameOffersItself()
+    {
+        QFETCH(QString, cmd);
+        QFETCH(BusCase, bc);
+        bc.arrange(nullptr);
+        HomePageWidget* const home = P()->homePage();
+        // The container itself, where the command names one, then the two
+        // widgets every container of the main window sits in.
+        QMap<QString, QWidget*> const self{
+            {BASEPLUGIN_CMD_REGISTER_TRAY, TrayWidget::singleInstance()->menu()},
+            {BASEPLUGIN_CMD_REGISTER_TRAY_GOODS, P()->goodsShelf()},
+            {BASEPLUGIN_CMD_REGISTER_NAVIGATE_BOOTOM_WIN, P()->bottomBar()},
+            {BASEPLUGIN_CMD_REGISTER_HOMEWIN_DATA_AREA, home->dataArea()},
+            {BASEPLUGIN_CMD_REGISTER_CARDAREA, home->cardsWin()},
+            {BASEPLUGIN_CMD_REGISTERWIN2TITLE, titleRightArea()}};
+        QList<QWidget*> const own{self.value(cmd), g_fixture->mainWindow(), home};
+        for (QWidget* w : own) {
+            if (!w)
+                continue;
+            P()->execCmd(cmd, bc.payload(w));
+            QVERIFY2(parentChainEnds(w), qPrintable(w->objectName()));
+        }
+        QWidget probe;
+        P()->execCmd(BASEPLUGIN_CMD_REGISTERWIN2TITLE, packed(&probe, 77, 1));
+        QCOMPARE(probe.parentWidget(), titleRightArea());
+    }
+
+    // A home-page row is kept whatever its object, but only a live widget is
+    // ever looked at: a made-up address is carried, logged and skipped.
+    void madeUpHomePageRowIsNeverTouched()
+    {
+        TestLogCapture log;
+        auto* const madeUp = reinterpret_cast<QObject*>(quintptr(0x5a5a5a50));
+        P()->execCmd(BASEPLUGIN_CMD_REGISTER_HOMEPAGE, packed(madeUp, 26, 4));
+        P()->execCmd(BASEPLUGIN_CMD_REGISTER_CARDAREA, packed(madeUp, 9));
+        P()->execCmd(BASEPLUGIN_CMD_REGISTER_HOMEWIN_DATA_AREA, packed(madeUp, 0, QPoint(1, 1)));
+        QVERIFY(P()->homePage()->hasItem(26));
+        QVERIFY(log.count(QStringLiteral("[HomePageWidget] w is null")) >= 1);
+        QWidget row;
+        P()->execCmd(BASEPLUGIN_CMD_REGISTER_HOMEPAGE, packed(&row, 27));
+        QCOMPARE(row.parentWidget(), P()->homePage());
+        P()->execCmd(BASEPLUGIN_CMD_UNREGISTER_HOMEPAGE, QVariant(26));
+        QVERIFY(!P()->homePage()->hasItem(26));
     }
 
     // What installing another plugin sets off, by its id.

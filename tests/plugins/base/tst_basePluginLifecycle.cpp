@@ -101,6 +101,26 @@ private slots:
         QVERIFY(!fixture.mainWindow()->titleWidget());
     }
 
+    // Loading and unloading the plugin again and again, opening its windows
+    // in between, leaves the widget count where it started.
+    void loadUnloadCyclesLeaveNoWidgets()
+    {
+        auto cycle = []() {
+            TestPluginFixture fixture;
+            fixture.plugin()->slot_about();
+            fixture.plugin()->slot_setting();
+        };
+        cycle();   // singletons and caches that live for the whole process
+        int const before = QApplication::allWidgets().size();
+        for (int i = 0; i < 3; ++i)
+            cycle();
+        TestPluginFixture::flushDeletes();
+        QStringList left;
+        for (QWidget* w : QApplication::allWidgets())
+            left << QString::fromLatin1(w->metaObject()->className()) + QLatin1Char(':') + w->objectName();
+        QVERIFY2(QApplication::allWidgets().size() == before, qPrintable(left.join(QLatin1Char(' '))));
+    }
+
     // Deleted by someone else while the manager still routes to it: what the
     // destructor sends to itself must not reach the half-destroyed plugin.
     void deletedWhileStillRouted()

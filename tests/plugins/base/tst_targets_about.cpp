@@ -1,7 +1,9 @@
 // About dialog: the short client version and the keyed badge row.
 
+#include "basepluginmodeldatainterface.h"
 #include "cWinAbout.h"
 #include "cWinAbout_p.h"
+#include "clientUpgradeItemWin.h"
 #include "myStackedWins1.h"
 
 #include <QLabel>
@@ -66,16 +68,69 @@ private slots:
         QCOMPARE(about->registerItem(gone, 30), 0);
         delete gone;
         QCOMPARE(rowOrder(row), (QList<QWidget*>{&left, version, &right}));
-        QCOMPARE(about->unRegisterItem(10), -1);
         QCOMPARE(about->unRegisterItem(99), -1);
         QCOMPARE(about->unRegisterItem(5), 0);
         QVERIFY(left.isHidden());
         QCOMPARE(about->registerItem(&dup, 30), 0);   // freed by the deletion
         QCOMPARE(rowOrder(row), (QList<QWidget*>{version, &right, &dup}));
+        QCOMPARE(about->unRegisterItem(10), 0);
+        QCOMPARE(rowOrder(row), (QList<QWidget*>{&right, &dup}));
         about->show();
         about->slot_close();
         QTRY_VERIFY(about.isNull());
         QVERIFY(!right.parentWidget() && !dup.parentWidget());
+    }
+
+    // Opening and closing the dialog, with badges and with its own version
+    // badge taken out, leaves no widget behind.
+    void openCloseCyclesLeaveNoWidgets_data()
+    {
+        QTest::addColumn<bool>("takeOutVersion");
+        QTest::newRow("badges") << false;
+        QTest::newRow("version badge taken out") << true;
+    }
+    void openCloseCyclesLeaveNoWidgets()
+    {
+        QFETCH(bool, takeOutVersion);
+        QLabel badge;
+        int const before = QApplication::allWidgets().size();
+        for (int i = 0; i < 5; ++i) {
+            QPointer<CWinAbout> about = new CWinAbout(nullptr);
+            about->registerItem(&badge, 20);
+            if (takeOutVersion)
+                about->unRegisterItem(10);
+            about->show();
+            about->slot_close();
+            QTRY_VERIFY(about.isNull());
+        }
+        QCOMPARE(QApplication::allWidgets().size(), before);
+        QVERIFY(!badge.parentWidget());
+    }
+
+    // Versions arrive from the backend; a '<' in them is shown, not obeyed.
+    void backendVersionsArePlainText_data()
+    {
+        QTest::addColumn<int>("where");   // 0 about: virus library, 1 upgrade item: client
+        QTest::newRow("about, virus library") << 0;
+        QTest::newRow("upgrade item, client") << 1;
+    }
+    void backendVersionsArePlainText()
+    {
+        QFETCH(int, where);
+        QString const markup = QStringLiteral("<b>9.9</b><img src=x>");
+        CWinAbout about(nullptr);
+        ClientUpgradeItemWin item;
+        BasePluginModelDataInterface* bridge = BasePluginModelDataInterface::singleInstance();
+        QLabel* label = nullptr;
+        if (where == 0) {
+            emit bridge->sig_setVirusDataVersionInfo(markup);
+            label = about.findChild<QLabel*>(QStringLiteral("m_pLabVirusDataVersionInfo"));
+        } else {
+            emit bridge->sig_setClientVersionInfo(markup);
+            label = item.findChild<QLabel*>(QStringLiteral("m_pLabelVersion"));
+        }
+        QVERIFY(label && label->text().endsWith(markup));
+        QCOMPARE(label->textFormat(), Qt::PlainText);
     }
 };
 

@@ -1,7 +1,7 @@
 // Authentication status icon: keyed items, their status and the title-bar requests.
 
 #include "authMgr.h"
-#include "authMgritem.h"
+#include "authmgritem.h"
 #include "cqlabel.h"
 
 #include <QPointer>

@@ -29,6 +29,8 @@ ClientUpgradeItemWin::ClientUpgradeItemWin(QWidget* parent)
     m_pLabelName = new QLabel(name(), this);
     m_pLabelName->setObjectName(QStringLiteral("m_pLabelName"));
     m_pLabelVersion = new QLabel(QStringLiteral("--"), this);
+    // The version comes from the backend as it is.
+    m_pLabelVersion->setTextFormat(Qt::PlainText);
     m_pLabelVersion->setObjectName(QStringLiteral("m_pLabelVersion"));
     layout->addWidget(m_pLabelName);
     layout->addWidget(m_pLabelVersion);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "upgradeItemWidget.h"
+#include "upgradeitemwidget.h"
 
 class QLabel;
 

@@ -1,4 +1,4 @@
-#include "authMgritem.h"
+#include "authmgritem.h"
 
 AuthMgritem::AuthMgritem(int id, QWidget* parent)
     : QWidget(parent)

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "basegui_global.h"
+
 #include <QWidget>
 
 // An entry of the upgrade plugin's list of upgradable items: each plugin that
 // can be upgraded hands one over, naming itself and its item type.
-class UpgradeItemWidget : public QWidget
+class BASEGUI_EXPORT UpgradeItemWidget : public QWidget
 {
     Q_OBJECT
 public:

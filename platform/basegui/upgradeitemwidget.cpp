@@ -1,4 +1,4 @@
-#include "upgradeItemWidget.h"
+#include "upgradeitemwidget.h"
 
 UpgradeItemWidget::UpgradeItemWidget(QWidget* parent)
     : QWidget(parent)
