@@ -44,16 +44,30 @@ function(quorix_add_platform_library target)
   install(TARGETS ${target} LIBRARY DESTINATION lib)
 endfunction()
 
-# A Qt plugin module: lands in lib/plugins-gui/ and finds the platform
-# libraries one folder up.
-function(quorix_add_gui_plugin target)
-  add_library(${target} MODULE ${ARGN})
+# Where a GUI plugin lands, and how it finds the platform libraries: one
+# folder up.
+function(_quorix_gui_plugin_layout target)
   set_target_properties(${target} PROPERTIES
     PREFIX "lib"
     LIBRARY_OUTPUT_DIRECTORY "${QUORIX_PLUGIN_DIR}"
     BUILD_RPATH "$ORIGIN/.."
     INSTALL_RPATH "$ORIGIN/..")
   install(TARGETS ${target} LIBRARY DESTINATION lib/plugins-gui)
+endfunction()
+
+# A Qt plugin module in lib/plugins-gui/.
+function(quorix_add_gui_plugin target)
+  add_library(${target} MODULE ${ARGN})
+  _quorix_gui_plugin_layout(${target})
+endfunction()
+
+# A Qt plugin that other plugins may also link against: the same file in the
+# same place, but a shared library (soname lib<target>.so) rather than a
+# module. The host loads it as a plugin first; a plugin linking it then binds
+# to that very copy, since the dynamic loader matches it by soname.
+function(quorix_add_linkable_gui_plugin target)
+  add_library(${target} SHARED ${ARGN})
+  _quorix_gui_plugin_layout(${target})
 endfunction()
 
 # A QtTest program run through CTest, headless.
