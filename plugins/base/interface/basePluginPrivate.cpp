@@ -3,6 +3,7 @@
 #include "asyncInvoker.h"
 #include "authMgr.h"
 #include "baseCmdDefine.h"
+#include "baseTestWin.h"
 #include "clientUpgradeItemWin.h"
 #include "clogdebug.h"
 #include "closeMainPanelSettingSubItem.h"
@@ -80,11 +81,17 @@ BasePluginPrivate::~BasePluginPrivate()
     stopGlobalTimer();
     unInitTestActionEntry();
     unInitUpgradeWin();
-    // Created without a parent, so nothing else would release them.
+    // Created without a parent, or handed back by the containers they were
+    // registered in (containers never delete what they hold), so nothing
+    // else would release them: one whole home page per load and unload.
+    scheduleDelete(m_pHomePageWidget);
+    scheduleDelete(m_pMessageTip);
+    scheduleDelete(m_pVersionStatusCardWin);
     scheduleDelete(m_pCommonSetting);
     scheduleDelete(m_pCloseMainPanelItem);
     scheduleDelete(m_pAuthMgr);
     scheduleDelete(m_pGuardDaysLabel);
+    scheduleDelete(m_pTestWin);
     BFLogPrintX(1, kModule, __FUNCTION__, __LINE__, "[BasePluginPrivate] delete BasePluginPrivate obj");
 }
 

@@ -5,6 +5,7 @@
 
 #include "asyncInvoker.h"
 #include "baseCmdDefine.h"
+#include "baseTestWin.h"
 #include "basepluginmodeldatainterface.h"
 #include "clogdebug.h"
 #include "cqlabel.h"
@@ -136,9 +137,20 @@ void BasePlugin::updateProtectDays(unsigned int days)
     m_pLabelHint->setText(tr("已保护您的电脑 <font color=#356DEE>%2 </font> 天").arg(days, 0, 10, QLatin1Char(' ')));
 }
 
+// Without a parent: the window stays up while the main window is hidden,
+// which is one of the events a tester raises from it.
 void BasePlugin::slot_showTestMainWin()
 {
-    BFLogPrintX(3, kModule, __FUNCTION__, __LINE__, "[BasePlugin] developer test window is not part of this build");
+    if (!d_ptr)
+        return;
+    if (!d_ptr->m_pTestWin) {
+        d_ptr->m_pTestWin = new BaseTestWin(nullptr);
+        BFLogPrintX(2, kModule, __FUNCTION__, __LINE__, "[BasePlugin] developer test window opened");
+    }
+    BaseTestWin* window = d_ptr->m_pTestWin;
+    window->show();
+    window->raise();
+    window->activateWindow();
 }
 
 void BasePlugin::slot_update_data()

@@ -6,6 +6,7 @@
 #include <QPointer>
 
 class AuthMgr;
+class BaseTestWin;
 class BootWin;
 class ClientUpgradeItemWin;
 class CommonSetting;
@@ -78,6 +79,8 @@ public:
     QPointer<PromotWin> m_pNoticeWin;
     // One shutdown/restart order at a time: a second order updates it.
     QPointer<BootWin> m_pBootWin;
+    // The developer test window, opened from the test entry.
+    QPointer<BaseTestWin> m_pTestWin;
     // Actions other plugins put into the right-top menu; an unregistration is
     // matched against these by address before anything is dereferenced.
     QList<QPointer<QAction>> m_menuActions;
