@@ -1,5 +1,6 @@
 #include "clientIdentity.h"
 
+#include "clientIconEngine.h"
 #include "clogdebug.h"
 #include "dravoguiconfig.h"
 
@@ -21,10 +22,10 @@ int const kIconSizes[] = {16, 22, 24, 32, 48, 64, 128, 256};
 QIcon builtInIcon()
 {
     initClientIcons();
-    QIcon icon;
+    QMap<int, QString> files;
     for (int const size : kIconSizes)
-        icon.addFile(QStringLiteral(":/quorix-gui/icons/%1.png").arg(size), QSize(size, size));
-    return icon;
+        files.insert(size, QStringLiteral(":/quorix-gui/icons/%1.png").arg(size));
+    return QIcon(new ClientIconEngine(files));
 }
 
 } // namespace

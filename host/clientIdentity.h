@@ -14,7 +14,8 @@ public:
     // The brand's product name, else "Quorix终端安全管理系统".
     static QString productName();
     // The icon theme's "quorix-gui" (an installed client, or a theme that
-    // draws its own), else the one built into the host in every hicolor size.
+    // draws its own), else the one built into the host in every hicolor size,
+    // each size decoded when it is first drawn.
     static QIcon icon();
 
     // For the whole application, before any window is shown: the desktop

@@ -24,6 +24,10 @@ HostCommandLine::HostCommandLine()
     , m_root(QStringLiteral("root"),
              QStringLiteral("Install root holding lib/plugins-gui/ (default: $QUORIX_ROOT, else the folder above bin/)."),
              QStringLiteral("DIR"))
+    , m_pluginDir(QStringLiteral("plugin-dir"),
+                  QStringLiteral("Also load the plugins in DIR, after those of <root>/lib/plugins-gui. Repeatable; "
+                                 "the folders of $QUORIX_PLUGIN_DIRS (colon-separated) follow."),
+                  QStringLiteral("DIR"))
     , m_screenshot(QStringLiteral("screenshot"),
                    QStringLiteral("Render the windows into PNG files in DIR, then quit."), QStringLiteral("DIR"))
     , m_quitAfterShow(QStringLiteral("quit-after-show"),
@@ -44,6 +48,7 @@ void HostCommandLine::InitOptions()
     m_parser.addOption(m_version);
     m_parser.addOption(m_silent);
     m_parser.addOption(m_root);
+    m_parser.addOption(m_pluginDir);
     m_parser.addOption(m_screenshot);
     m_parser.addOption(m_quitAfterShow);
     addQtOptions();
@@ -85,8 +90,8 @@ HostCommandLine::eAction HostCommandLine::check()
         m_error = QStringLiteral("Unexpected argument '%1'.").arg(m_parser.positionalArguments().constFirst());
         return ACTION_ERROR;
     }
-    for (QCommandLineOption const* option : {&m_root, &m_screenshot}) {
-        if (m_parser.isSet(*option) && m_parser.value(*option).isEmpty()) {
+    for (QCommandLineOption const* option : {&m_root, &m_pluginDir, &m_screenshot}) {
+        if (m_parser.values(*option).contains(QString())) {
             m_error = QStringLiteral("Empty value for option '%1'.").arg(option->names().constFirst());
             return ACTION_ERROR;
         }
@@ -106,6 +111,7 @@ QuorixGuiHost::Options HostCommandLine::options() const
     options.quitAfterShow = m_parser.isSet(m_quitAfterShow);
     options.root = m_parser.value(m_root);
     options.screenshotDir = m_parser.value(m_screenshot);
+    options.pluginDirs = m_parser.values(m_pluginDir);
     return options;
 }
 

@@ -13,7 +13,7 @@
 // the program name from it).
 //
 // Exit codes follow the usual rule: 0 after --help or --version, 2 for a wrong
-// command line (an unknown option, a missing value, a stray argument).
+// command line (an unknown option, a missing or empty value, a stray argument).
 class HostCommandLine
 {
 public:
@@ -46,6 +46,7 @@ private:
     QCommandLineParser m_parser;
     QCommandLineOption m_silent;
     QCommandLineOption m_root;
+    QCommandLineOption m_pluginDir;
     QCommandLineOption m_screenshot;
     QCommandLineOption m_quitAfterShow;
     QCommandLineOption m_help;

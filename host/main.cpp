@@ -55,6 +55,7 @@ int main(int argc, char* argv[])
     QuorixGuiHost host(options);
     QObject::connect(&host, &QuorixGuiHost::sig_quitRequested, &app, &QCoreApplication::quit);
     QObject::connect(&guard, &SingleInstanceGuard::sig_secondStart, &host, &QuorixGuiHost::slot_secondStart);
+    QObject::connect(&host, &QuorixGuiHost::sig_clientUp, &guard, &SingleInstanceGuard::slot_listen);
 
     auto signalWatcher = std::make_unique<UnixSignalWatcher>();
     QObject::connect(signalWatcher.get(), &UnixSignalWatcher::sig_signalReceived, &app, &QCoreApplication::quit);

@@ -1,6 +1,7 @@
 #include "singleInstanceGuard.h"
 
 #include "clogdebug.h"
+#include "instanceLock.h"
 
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
@@ -9,15 +10,7 @@
 #include <QFileInfo>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QLockFile>
 #include <QTimer>
-
-#include <cerrno>
-#include <ctime>
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -34,9 +27,6 @@ int const kAnswerMs = 3000;
 // How long a second start keeps trying while the first one is still coming up
 // or going down; after that it gives up rather than start a second client.
 int const kClaimMs = 10000;
-// QLockFile writes the owner's details after it has taken the file lock, so a
-// file that is still empty may belong to a start in progress.
-time_t const kEmptyLockGraceSeconds = 5;
 
 char const* requestName(SingleInstanceGuard::eRequest request)
 {
@@ -84,17 +74,16 @@ SingleInstanceGuard::eClaim SingleInstanceGuard::claim(eRequest request)
         return CLAIM_UNGUARDED;
     }
     QDeadlineTimer const deadline(kClaimMs);
+    m_pLock.reset(new InstanceLock(lockFilePath()));
     for (bool first = true; first || !deadline.hasExpired(); first = false) {
-        m_pLock.reset(new QLockFile(lockFilePath()));
-        // The client holds its lock for days: only a dead owner makes it stale.
-        m_pLock->setStaleLockTime(0);
-        if (tryLock()) {
-            listen();
+        InstanceLock::eResult const result = m_pLock->tryLock(kLockRetryMs);
+        if (result == InstanceLock::LOCK_TAKEN) {
+            BFLOG(BFLOG_INFO, kModule, "[SingleInstanceGuard] instance lock taken [%s]", qUtf8Printable(lockFilePath()));
             return CLAIM_PRIMARY;
         }
-        if (m_pLock->error() != QLockFile::LockFailedError) {
-            BFLOG(BFLOG_ERROR, kModule, "[SingleInstanceGuard] cannot create [%s] (error %d), starting without the instance lock",
-                  qUtf8Printable(lockFilePath()), static_cast<int>(m_pLock->error()));
+        if (result == InstanceLock::LOCK_ERROR) {
+            BFLOG(BFLOG_ERROR, kModule, "[SingleInstanceGuard] cannot create [%s] (%s), starting without the instance lock",
+                  qUtf8Printable(lockFilePath()), qUtf8Printable(m_pLock->errorString()));
             m_pLock.reset();
             return CLAIM_UNGUARDED;
         }
@@ -107,39 +96,10 @@ SingleInstanceGuard::eClaim SingleInstanceGuard::claim(eRequest request)
     return CLAIM_FAILED;
 }
 
-bool SingleInstanceGuard::tryLock()
+void SingleInstanceGuard::slot_listen()
 {
-    bool locked = m_pLock->tryLock(kLockRetryMs);
-    if (!locked && m_pLock->error() == QLockFile::LockFailedError && removeLockNobodyHolds())
-        locked = m_pLock->tryLock(0);
-    if (locked)
-        BFLOG(BFLOG_INFO, kModule, "[SingleInstanceGuard] instance lock taken [%s]", qUtf8Printable(lockFilePath()));
-    return locked;
-}
-
-// Catches what QLockFile's own check misses: a lock written under another
-// host name (the machine was renamed) or whose pid now belongs to another
-// quorix-gui.
-bool SingleInstanceGuard::removeLockNobodyHolds()
-{
-    QByteArray const path = QFile::encodeName(lockFilePath());
-    int const fd = ::open(path.constData(), O_RDWR | O_CLOEXEC);
-    if (fd < 0)
-        return errno == ENOENT;
-    bool removed = false;
-    struct stat info {};
-    if (::flock(fd, LOCK_EX | LOCK_NB) == 0 && ::fstat(fd, &info) == 0
-        && (info.st_size > 0 || std::time(nullptr) - info.st_mtime > kEmptyLockGraceSeconds)) {
-        removed = ::unlink(path.constData()) == 0;
-    }
-    ::close(fd);
-    if (removed)
-        BFLOG(BFLOG_WARN, kModule, "[SingleInstanceGuard] stale instance lock removed [%s]", path.constData());
-    return removed;
-}
-
-void SingleInstanceGuard::listen()
-{
+    if (m_pServer || !m_pLock || !m_pLock->isLocked())
+        return;
     m_pServer = new QLocalServer(this);
     m_pServer->setSocketOptions(QLocalServer::UserAccessOption);
     // We hold the lock, so a socket file there is a killed client's.
@@ -209,7 +169,9 @@ void SingleInstanceGuard::release()
         delete m_pServer;
         m_pServer = nullptr;
     }
-    if (m_pLock && m_pLock->isLocked())
+    if (m_pLock && m_pLock->isLocked()) {
+        m_pLock->unlock();
         BFLOG(BFLOG_INFO, kModule, "[SingleInstanceGuard] instance lock released");
+    }
     m_pLock.reset();
 }

@@ -5,19 +5,20 @@
 
 #include <memory>
 
+class InstanceLock;
 class QLocalServer;
 class QLocalSocket;
-class QLockFile;
 
 // One client per settings folder, which for a user who changes nothing means
 // one per user: a second client would show a second tray icon and write the
 // same settings file. The first start takes a lock file in the user's runtime
-// folder and listens on a local socket beside it; a later start finds the lock
-// taken, sends its request over the socket and exits.
+// folder and, once it is up, listens on a local socket beside it; a later
+// start finds the lock taken, sends its request over the socket and exits (it
+// keeps trying while the first one is still starting).
 //
-// A lock left by a killed client never blocks: QLockFile drops a lock whose
-// process is gone, and a lock whose file lock nobody holds is dropped as well
-// (the owner holds it for as long as it lives, whatever its host name or pid).
+// A lock left by a killed client never blocks: the owner holds the lock file's
+// flock for as long as it lives, and a lock file nobody holds is free whatever
+// host name or pid it names (InstanceLock).
 //
 // The socket carries one line from the second start, "show" or "silent", and
 // one line back, "ok". Nothing else is accepted.
@@ -42,7 +43,12 @@ public:
     // share the key.
     static QString keyFor(QString const& settingsDir);
 
+    // Takes the lock, or hands `request` over to the client that holds it.
     eClaim claim(eRequest request);
+    // After CLAIM_PRIMARY: answers second starts from now on. Left until the
+    // client is up, so that setting up the socket does not delay its window;
+    // a second start keeps trying meanwhile.
+    void slot_listen();
     // Closes the socket and drops the lock; the next start becomes the client.
     void release();
 
@@ -54,15 +60,12 @@ signals:
     void sig_secondStart(bool silent);
 
 private:
-    bool tryLock();
-    bool removeLockNobodyHolds();
-    void listen();
     bool handOver(eRequest request);
     void slot_newConnection();
     void readRequest(QLocalSocket* socket);
 
     QString m_directory;
     QString m_key;
-    std::unique_ptr<QLockFile> m_pLock;
+    std::unique_ptr<InstanceLock> m_pLock;
     QLocalServer* m_pServer = nullptr;
 };

@@ -1,6 +1,7 @@
 // Start-up of bin/quorix-gui (plugins loaded, main window painted once)
-// against a bare Qt program that only paints an empty window of the same
-// size. Runs both alternately, headless, and prints the medians and their ratio.
+// against a bare Qt program that paints a window of the same size holding one
+// label in the client's CJK font. Runs both alternately, headless, and prints
+// the medians and their ratio.
 //
 // A third series runs the host over an empty plugin folder, which separates
 // the host and framework from what the plugins' start-up costs.

@@ -3,6 +3,7 @@
 #include "basegui_common.h"
 #include "clogdebug.h"
 #include "navigateitemwidget.h"
+#include "objectguard.h"
 
 #include <QButtonGroup>
 #include <QIcon>
@@ -44,7 +45,7 @@ struct NavigateWidget::Private
     QStackedWidget* stack = nullptr;
     QButtonGroup* group = nullptr;
     QList<Entry> entries;
-    QPointer<NavigateItemWidget> current;
+    ObjectGuard<NavigateItemWidget> current;
     ChangeItemJudge judge;
 
     void InitUI(int height);
@@ -128,7 +129,7 @@ QPushButton* NavigateWidget::Private::createButton(NavigateItemWidget* item)
 // switch, so the buttons are always re-derived from the current page.
 void NavigateWidget::Private::syncButtons()
 {
-    int const index = find(current.data());
+    int const index = find(current.object());
     if (index < 0) {
         group->setExclusive(false);
         for (auto const& e : entries)
@@ -182,7 +183,7 @@ void NavigateWidget::Private::takeEntry(int index)
     // The button may be the sender of the click that led here.
     e.button->deleteLater();
 
-    if (static_cast<QObject*>(current.data()) != static_cast<QObject*>(e.raw) && current)
+    if (!current.is(e.raw) && !current.isNull())
         return;
     NavigateItemWidget* next = nullptr;
     if (!entries.isEmpty())
@@ -337,7 +338,7 @@ bool NavigateWidget::setCurrentItem(NavigateItemWidget* item)
     }
     if (item == d->current)
         return true;
-    QPointer<NavigateItemWidget> from = d->current;
+    QPointer<NavigateItemWidget> from = d->current.data();
     if (!d->askSwitch(from, item)) {
         d->syncButtons();
         return false;
@@ -382,7 +383,7 @@ NavigateItemWidget* NavigateWidget::item(int index) const
 
 int NavigateWidget::currentIndex() const
 {
-    return d->find(d->current.data());
+    return d->find(d->current.object());
 }
 
 bool NavigateWidget::setCurrentIndex(int index)

@@ -5,6 +5,7 @@
 #include "cqbutton.h"
 #include "settingsubitemwidget.h"
 
+#include <algorithm>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -20,13 +21,14 @@ struct SettingItemWidget::Private
     QWidget* rowsWin = nullptr;
     QVBoxLayout* rowsLayout = nullptr;
     CQButton* saveButton = nullptr;
-    QList<QPointer<SettingSubItemWidget>> rows;
+    QList<ObjectGuard<SettingSubItemWidget>> rows;
     QVariant pageData;
     int intProperty = 0;
 
     void InitUI();
     QList<SettingSubItemWidget*> liveRows() const;
     int find(QObject const* row) const;
+    void dropDeleted();
 };
 
 void SettingItemWidget::Private::InitUI()
@@ -66,10 +68,15 @@ QList<SettingSubItemWidget*> SettingItemWidget::Private::liveRows() const
     return list;
 }
 
+void SettingItemWidget::Private::dropDeleted()
+{
+    rows.erase(std::remove_if(rows.begin(), rows.end(), [](auto const& row) { return row.isNull(); }), rows.end());
+}
+
 int SettingItemWidget::Private::find(QObject const* row) const
 {
     for (int i = 0; row && i < rows.size(); ++i) {
-        if (static_cast<QObject const*>(rows.at(i).data()) == row)
+        if (rows.at(i).is(row))
             return i;
     }
     return -1;
@@ -112,7 +119,7 @@ int SettingItemWidget::registerItem(SettingSubItemWidget* item)
         BFLogPrintX(3, kModule, __FUNCTION__, __LINE__, "[SettingItemWidget] item already registered");
         return -1;
     }
-    d->rows.removeAll(QPointer<SettingSubItemWidget>());
+    d->dropDeleted();
     d->rows.append(item);
     // before the trailing stretch
     d->rowsLayout->insertWidget(d->rowsLayout->count() - 1, item);
@@ -121,7 +128,7 @@ int SettingItemWidget::registerItem(SettingSubItemWidget* item)
         int const index = d->find(o);
         if (index >= 0)
             d->rows.removeAt(index);
-        d->rows.removeAll(QPointer<SettingSubItemWidget>());
+        d->dropDeleted();
     });
     return 0;
 }
@@ -177,7 +184,7 @@ QPushButton* SettingItemWidget::saveButton() const
 bool SettingItemWidget::slot_updatePageInfo()
 {
     bool ok = true;
-    QList<QPointer<SettingSubItemWidget>> const rows = d->rows;
+    QList<ObjectGuard<SettingSubItemWidget>> const rows = d->rows;
     for (auto const& row : rows) {
         if (row)
             ok = row->slot_updatePageInfo() && ok;
@@ -190,7 +197,7 @@ bool SettingItemWidget::slot_savePageInfo()
     QPointer<SettingItemWidget> const self(this);
     QString const name = getBarName();
     QVariant data = d->pageData;
-    QList<QPointer<SettingSubItemWidget>> const rows = d->rows;
+    QList<ObjectGuard<SettingSubItemWidget>> const rows = d->rows;
     bool const stored = collectAndStore(rows, data, name);
     // The store spins an event loop: the page or a row may be gone by now.
     for (auto const& row : rows) {
@@ -202,7 +209,7 @@ bool SettingItemWidget::slot_savePageInfo()
     return stored;
 }
 
-bool SettingItemWidget::collectAndStore(QList<QPointer<SettingSubItemWidget>> const& rows, QVariant& data,
+bool SettingItemWidget::collectAndStore(QList<ObjectGuard<SettingSubItemWidget>> const& rows, QVariant& data,
                                         QString const& name)
 {
     for (auto const& row : rows) {
@@ -226,7 +233,7 @@ bool SettingItemWidget::collectAndStore(QList<QPointer<SettingSubItemWidget>> co
 
 bool SettingItemWidget::slot_isSavedPageInfo()
 {
-    QList<QPointer<SettingSubItemWidget>> const rows = d->rows;
+    QList<ObjectGuard<SettingSubItemWidget>> const rows = d->rows;
     for (auto const& row : rows) {
         if (row && !row->slot_isSavedPageInfo())
             return false;

@@ -2,6 +2,7 @@
 
 #include "basegui_global.h"
 #include "navigateitemwidget.h"
+#include "objectguard.h"
 
 #include <QList>
 #include <QPointer>
@@ -56,7 +57,7 @@ signals:
     void sig_save(QObject* button);
 
 private:
-    bool collectAndStore(QList<QPointer<SettingSubItemWidget>> const& rows, QVariant& data, QString const& name);
+    bool collectAndStore(QList<ObjectGuard<SettingSubItemWidget>> const& rows, QVariant& data, QString const& name);
 
     struct Private;
     Private* d;

@@ -20,7 +20,7 @@ private slots:
         QTest::addColumn<int>("exitCode");
         QTest::addColumn<QString>("out");   // pattern; "" = nothing on stdout
         QTest::addColumn<QString>("err");   // pattern; "" = nothing on stderr
-        QString const usage = "Usage: \\S*quorix-gui \\[options\\].*--silent.*--root <DIR>.*--screenshot <DIR>";
+        QString const usage = "Usage: \\S*quorix-gui \\[options\\].*--silent.*--root <DIR>.*--plugin-dir <DIR>.*--screenshot <DIR>";
         QString const version = "^quorix-gui \\d+\\.\\d+\\.\\d+\\n$";
         QTest::newRow("--help") << QStringList{"--help"} << 0 << usage << "";
         QTest::newRow("-h among other options") << QStringList{"--silent", "-h"} << 0 << usage << "";
@@ -30,6 +30,10 @@ private slots:
         QTest::newRow("unknown option after --help") << QStringList{"--help", "--bogus"} << 2 << "" << usage;
         QTest::newRow("--root without its folder") << QStringList{"--root"} << 2 << "" << "Missing value after '--root'.*" + usage;
         QTest::newRow("--screenshot= empty") << QStringList{"--screenshot="} << 2 << "" << "Empty value.*screenshot";
+        QTest::newRow("--plugin-dir without its folder") << QStringList{"--plugin-dir"} << 2 << ""
+                                                         << "Missing value after '--plugin-dir'.*" + usage;
+        QTest::newRow("one of several --plugin-dir empty") << QStringList{"--plugin-dir", "/a", "--plugin-dir="} << 2
+                                                            << "" << "Empty value for option 'plugin-dir'.*" + usage;
         QTest::newRow("stray argument") << QStringList{"--silent", "stray"} << 2 << "" << "Unexpected argument 'stray'.*" + usage;
     }
 

@@ -1,5 +1,6 @@
 // bin/quorix-gui as a real process, headless: broken plugin files, SIGTERM and
-// the base plugin's teardown, the exit command, --silent, --quit-after-show.
+// the base plugin's teardown, the exit command, --silent, --quit-after-show,
+// every plugin in before the first paint, extra plugin folders.
 
 #include "hostProcess.h"
 
@@ -25,6 +26,17 @@ class TstQuorixGuiProcess : public QObject
     QScopedPointer<HostProcess> m_host;
 
     bool logHas(QString const& text) const { return m_host->logCount(text) > 0; }
+    int logIndex(QString const& text) const { return m_host->log().indexOf(text); }
+    // The whole record holding `text`, "" if none.
+    QString recordWith(QString const& text) const
+    {
+        QString const log = m_host->log();
+        int const at = log.indexOf(text);
+        if (at < 0)
+            return QString();
+        int const begin = log.lastIndexOf(QLatin1Char('\n'), at) + 1;
+        return log.mid(begin, log.indexOf(QLatin1Char('\n'), at) - begin);
+    }
 
     // Starts the host with a log of its own; `root` "" = the build tree.
     void startHost(QStringList const& arguments, QString const& root = QString())
@@ -124,6 +136,58 @@ private slots:
         }
         expectCleanExit();
         QVERIFY(logHas(logLine));
+    }
+
+    // The first paint shows what every plugin adds, the bridge's data too:
+    // nothing is left for later that would change the window right after.
+    void everyPluginInBeforeFirstPaint()
+    {
+        if (!isBuilt(QStringLiteral("libui_base_plugin.so")) || !isBuilt(QStringLiteral("libui_bridge_plugin.so")))
+            QSKIP("the base and bridge plugin modules are not built");
+        startHost({QStringLiteral("--quit-after-show")});
+        expectCleanExit();
+        int const bridge = logIndex(QStringLiteral("plugin [EPLUGIN_ID_BRIDGE_BASE] installed"));
+        int const loaded = logIndex(QStringLiteral("plugins loaded from"));
+        int const painted = logIndex(QStringLiteral("[QuorixGuiHost] main window painted"));
+        QVERIFY(bridge >= 0 && loaded >= 0 && painted >= 0);
+        QVERIFY(bridge < loaded);
+        QVERIFY(loaded < painted);
+    }
+
+    void extraPluginFolders_data()
+    {
+        QTest::addColumn<QStringList>("arguments");   // "@" = the scratch folder
+        QTest::addColumn<QString>("variable");        // QUORIX_PLUGIN_DIRS
+        QTest::addColumn<bool>("missingFolder");      // one of them does not exist
+        QTest::newRow("--plugin-dir") << QStringList{"--plugin-dir", "@/extra"} << "" << false;
+        QTest::newRow("QUORIX_PLUGIN_DIRS, a missing folder first") << QStringList{} << ":@/missing:@/extra" << true;
+        QTest::newRow("missing --plugin-dir, then the variable's folder")
+            << QStringList{"--plugin-dir", "@/missing"} << "@/extra" << true;
+    }
+
+    // A plugin in an extra folder is loaded through the same bus: its exit
+    // command ends the host. A missing folder is a warning, and skipped.
+    void extraPluginFolders()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, variable);
+        QFETCH(bool, missingFolder);
+        QString const scratch = m_dir->path();
+        QVERIFY(QDir(scratch).mkpath(QStringLiteral("extra")));
+        QVERIFY(QFile::copy(QStringLiteral(TST_HOST_PLUGIN_DIR "/libtst_host_exit_plugin.so"),
+                            scratch + QStringLiteral("/extra/libtst_host_exit_plugin.so")));
+        for (QString& argument : arguments)
+            argument.replace(QLatin1Char('@'), scratch);
+        m_host.reset(new HostProcess(scratch));
+        m_host->env.insert(QStringLiteral("QUORIX_PLUGIN_DIRS"), variable.replace(QLatin1Char('@'), scratch));
+        QVERIFY(m_host->start(arguments));
+        expectCleanExit();
+        QVERIFY(logHas(QStringLiteral("[QuorixGuiHost] quitting: main exit command")));
+        QString const loaded = recordWith(QStringLiteral("extra plugin folder [%1/extra]: 1 plugins loaded").arg(scratch));
+        QVERIFY2(loaded.contains(QStringLiteral(" INFO ")), qPrintable(loaded));
+        QString const missing =
+            recordWith(QStringLiteral("extra plugin folder [%1/missing] does not exist, skipped").arg(scratch));
+        QCOMPARE(missing.contains(QStringLiteral(" WARN ")), missingFolder);
     }
 };
 

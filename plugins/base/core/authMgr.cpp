@@ -159,10 +159,13 @@ CQLabel* AuthMgr::createIcon()
 
 bool AuthMgr::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched != m_pLabelIcon.data())
+    bool const press = event->type() == QEvent::MouseButtonPress;
+    // Only clicks matter, and the icon sends other events while it is being
+    // destroyed, when it is no CQLabel any more.
+    if ((!press && event->type() != QEvent::MouseButtonRelease) || !m_pLabelIcon.is(watched))
         return QObject::eventFilter(watched, event);
     auto* label = m_pLabelIcon.data();
-    if (event->type() == QEvent::MouseButtonPress) {
+    if (press) {
         if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
             label->setProperty("pressed", true);
             repolish(label);

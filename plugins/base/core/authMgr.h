@@ -1,6 +1,7 @@
 #pragma once
 
 #include "keyedWidgetMap.h"
+#include "objectguard.h"
 #include "spluginregisteritem.h"
 
 #include <QObject>
@@ -48,6 +49,6 @@ private:
     CQLabel* createIcon();
 
     KeyedWidgetMap<AuthMgritem> m_items;
-    QPointer<CQLabel> m_pLabelIcon;
+    ObjectGuard<CQLabel> m_pLabelIcon;
     QPointer<ItemsWin> m_pItemsWin;
 };
