@@ -81,9 +81,16 @@ function(quorix_add_qtest)
   if(NOT T_TIMEOUT)
     set(T_TIMEOUT 120)
   endif()
-  set_tests_properties(${T_NAME} PROPERTIES
-    TIMEOUT ${T_TIMEOUT}
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent/quorix-test-bus;QUORIX_LOG_LEVEL=1;QUORIX_ROOT=${CMAKE_BINARY_DIR};QUORIX_SOURCE_DIR=${CMAKE_SOURCE_DIR};QUORIX_TESTDATA=${CMAKE_SOURCE_DIR}/../shared/testdata")
+  set(env "QT_QPA_PLATFORM=offscreen;DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent/quorix-test-bus;QUORIX_LOG_LEVEL=1;QUORIX_ROOT=${CMAKE_BINARY_DIR};QUORIX_SOURCE_DIR=${CMAKE_SOURCE_DIR};QUORIX_TESTDATA=${CMAKE_SOURCE_DIR}/../shared/testdata")
+  if(ENABLE_SANITIZERS)
+    # Any report fails the test. Full stacks on malloc, so that the
+    # suppressions can name where in Qt a leak starts.
+    list(APPEND env
+      "ASAN_OPTIONS=fast_unwind_on_malloc=0:detect_leaks=1:abort_on_error=0"
+      "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
+      "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/lsan.supp:print_suppressions=0")
+  endif()
+  set_tests_properties(${T_NAME} PROPERTIES TIMEOUT ${T_TIMEOUT} ENVIRONMENT "${env}")
   if(T_LABELS)
     set_tests_properties(${T_NAME} PROPERTIES LABELS "${T_LABELS}")
   endif()

@@ -2,6 +2,7 @@
 #include "framelinkproxy.h"
 #include "framelinkproxyinterface.h"
 
+#include <memory>
 #include <QPointer>
 #include <QtTest>
 
@@ -76,8 +77,10 @@ void TstKitMainWindow::bodyMount()
     QString const wanted = taken ? mountedAs : QStringLiteral("Body_Wanted_") + QTest::currentDataTag();
 
     CQMainWindow win;
+    // The window hands a replaced title back; its owner deletes it.
+    std::unique_ptr<QWidget> firstTitle(makeTitle(46));
     win.resize(1000, 580);
-    win.setTitleWidget(makeTitle(46));
+    win.setTitleWidget(firstTitle.get());
     QPointer<QWidget> frame = new QWidget;
     Mountable nav;
     if (mountFirst)

@@ -51,10 +51,12 @@ private slots:
 
 void TestStackedWins::registration()
 {
+    // Declared before the row: the row hands them back when it goes.
+    QWidget widgets[3];
+    QWidget* w30 = &widgets[0];
+    QWidget* w10 = &widgets[1];
+    QWidget* w20 = &widgets[2];
     Row row;
-    QWidget* w30 = new QWidget;
-    QWidget* w10 = new QWidget;
-    QWidget* w20 = new QWidget;
     QCOMPARE(row.registerItem(w30, 30), 0);
     QCOMPARE(row.registerItem(w10, -400), 0);
     QCOMPARE(row.registerItem(w20, 20), 0);
@@ -71,9 +73,10 @@ void TestStackedWins::registration()
 
 void TestStackedWins::deletedWidgetDropsOut()
 {
+    QWidget w2Owner, late;
     Row row;
     QWidget* w1 = new QWidget;
-    QWidget* w2 = new QWidget;
+    QWidget* w2 = &w2Owner;
     row.registerItem(w1, 1);
     row.registerItem(w2, 2);
     int const resets = row.resets;
@@ -84,7 +87,7 @@ void TestStackedWins::deletedWidgetDropsOut()
     QTRY_COMPARE(row.resets, resets + 1);
     QCOMPARE(row.laidOut(), QList<QWidget*>({w2}));
     // the key is free again
-    QCOMPARE(row.registerItem(new QWidget, 1), 0);
+    QCOMPARE(row.registerItem(&late, 1), 0);
     QCOMPARE(row.unRegisterItem(1), 0);
 }
 
