@@ -2,7 +2,7 @@
 
 #include "bridgerecords.h"
 #include "clogdebug.h"
-#include "controlRequestCheck.h"
+#include "controlrequestcheck.h"
 #include "quorixbackend.h"
 #include "quorixbackendregistry.h"
 

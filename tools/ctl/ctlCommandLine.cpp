@@ -1,6 +1,6 @@
 #include "ctlCommandLine.h"
 
-#include "controlRequestCheck.h"
+#include "controlrequestcheck.h"
 #include "quorixControlProtocol.h"
 
 #include <QSet>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controlrequestcheck.h"
+
 // The session-bus interface through which quorix-ctl, tests and support staff
 // raise backend events in a running client. The service lives in the bridge
 // plugin; this header is what both ends agree on.
@@ -39,8 +41,8 @@ inline constexpr char kMethodJump[] = "Jump";
 inline constexpr char kMethodQuit[] = "Quit";
 
 // Jump kinds of a notice's text button.
-inline constexpr int kJumpNone = -1;
-inline constexpr int kJumpUrl = 0;
-inline constexpr int kJumpPage = 1;
+inline constexpr int kJumpNone = ControlRequestCheck::kJumpNone;
+inline constexpr int kJumpUrl = ControlRequestCheck::kJumpUrl;
+inline constexpr int kJumpPage = ControlRequestCheck::kJumpPage;
 
 } // namespace QuorixControl

@@ -10,11 +10,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QRegularExpression>
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QStringList>
-#include <QUrl>
 
 namespace {
 
@@ -169,20 +167,16 @@ QString BaseTestPage::fieldText(QWidget const* edit)
 // schemes and scripts must never get there, from a tester or anybody else.
 QString BaseTestPage::checkWebAddress(QString const& url)
 {
-    QUrl const parsed(url, QUrl::StrictMode);
-    QString const scheme = parsed.scheme().toLower();
-    if (!parsed.isValid() || parsed.host().isEmpty()
-        || (scheme != QLatin1String("http") && scheme != QLatin1String("https")))
+    if (!ControlRequestCheck::webAddress(url).isEmpty())
         return QString::fromUtf8("必须是带主机名的 http 或 https 网址");
     return QString();
 }
 
 QString BaseTestPage::checkObjectName(QString const& name)
 {
-    static QRegularExpression const shape(QStringLiteral("^[A-Za-z_][A-Za-z0-9_]*$"));
     if (name.size() > kObjectNameChars)
         return QString::fromUtf8("超过 %1 个字符").arg(kObjectNameChars);
-    if (!shape.match(name).hasMatch())
+    if (!ControlRequestCheck::objectName(name).isEmpty())
         return QString::fromUtf8("只能由字母、数字和下划线组成，且不以数字开头");
     return QString();
 }

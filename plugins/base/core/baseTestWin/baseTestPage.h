@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controlrequestcheck.h"
+
 #include <QPointer>
 #include <QString>
 #include <QVector>
@@ -47,15 +49,15 @@ signals:
     void sig_sendRequested();
 
 protected:
-    // Text caps, in characters.
-    static constexpr int kIdChars = 128;
-    static constexpr int kLineChars = 256;
-    static constexpr int kTextChars = 4096;
-    static constexpr int kUrlChars = 2048;
-    static constexpr int kObjectNameChars = 128;
-    // Count-downs run up to a day; -1 is a window's own default.
-    static constexpr int kMinSeconds = -1;
-    static constexpr int kMaxSeconds = 86400;
+    // The limits of the backend's control interface: what passes here would
+    // pass there too.
+    static constexpr int kIdChars = ControlRequestCheck::kMaxIdLength;
+    static constexpr int kLineChars = ControlRequestCheck::kMaxLineLength;
+    static constexpr int kTextChars = ControlRequestCheck::kMaxTextLength;
+    static constexpr int kUrlChars = ControlRequestCheck::kMaxUrlLength;
+    static constexpr int kObjectNameChars = ControlRequestCheck::kMaxObjectNameLength;
+    static constexpr int kMinSeconds = ControlRequestCheck::kMinSeconds;
+    static constexpr int kMaxSeconds = ControlRequestCheck::kMaxSeconds;
 
     using Check = std::function<QString()>;
     using Emit = std::function<void()>;

@@ -10,15 +10,13 @@
 
 namespace {
 
-// Levels above urgent (2) look normal; a few are worth trying.
-constexpr int kMaxLevel = 9;
-// Codes without a caption of their own show "未知".
-constexpr int kMaxButtonCode = 99;
+constexpr int kMaxLevel = int(ControlRequestCheck::kMaxLevel);
+constexpr int kMaxButtonCode = ControlRequestCheck::kMaxButtonCode;
 // Not read by the notice window; any value passes through.
 constexpr int kMaxNumber3 = 999999;
-constexpr int kJumpNone = -1;
-constexpr int kJumpUrl = 0;
-constexpr int kJumpPage = 1;
+constexpr int kJumpNone = ControlRequestCheck::kJumpNone;
+constexpr int kJumpUrl = ControlRequestCheck::kJumpUrl;
+constexpr int kJumpPage = ControlRequestCheck::kJumpPage;
 
 BasePluginModelDataInterface* bridge()
 {

@@ -1,6 +1,4 @@
-#include "controlRequestCheck.h"
-
-#include "quorixControlProtocol.h"
+#include "controlrequestcheck.h"
 
 #include <QRegularExpression>
 #include <QUrl>
@@ -66,11 +64,11 @@ QString ControlRequestCheck::notice(__sUniNoticeMsgInfo const& info)
     if (!fields.isEmpty())
         return fields;
     switch (info.number4) {
-    case QuorixControl::kJumpUrl:
+    case kJumpUrl:
         return webAddress(info.text5);
-    case QuorixControl::kJumpPage:
+    case kJumpPage:
         return objectName(info.text5);
-    case QuorixControl::kJumpNone:
+    case kJumpNone:
         // Without a jump the window never reads the target.
         return length("target", info.text5, kMaxUrlLength);
     default:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bridge_global.h"
 #include "bridgerecords.h"
 
 #include <QString>
@@ -13,9 +14,14 @@
 //
 // Each check returns "" when the request may go to the backend, else the
 // reason in one line (it ends up in a D-Bus error and on a terminal).
-class ControlRequestCheck
+class BRIDGE_EXPORT ControlRequestCheck
 {
 public:
+    // Jump kinds of a notice's text button (its number4).
+    static constexpr int kJumpNone = -1;
+    static constexpr int kJumpUrl = 0;
+    static constexpr int kJumpPage = 1;
+
     static constexpr int kMaxIdLength = 128;
     // Titles, headings, captions: one line in a 380-pixel window.
     static constexpr int kMaxLineLength = 256;
@@ -41,13 +47,14 @@ public:
     static QString guardDays(unsigned int days);
     // A page's object name: what FrameLinkProxy looks pages up by.
     static QString objectName(QString const& name);
+    // Links are opened by the desktop's URL handler: http and https with a host only.
+    static QString webAddress(QString const& url);
 
 private:
     ControlRequestCheck() = delete;
 
     static QString length(char const* field, QString const& text, int max);
     static QString range(char const* field, qint64 value, qint64 min, qint64 max);
-    static QString webAddress(QString const& url);
     // The first non-empty reason of a list of checks.
     static QString first(std::initializer_list<QString> reasons);
 };
