@@ -84,10 +84,12 @@ function(quorix_add_qtest)
   set(env "QT_QPA_PLATFORM=offscreen;DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent/quorix-test-bus;QUORIX_LOG_LEVEL=1;QUORIX_ROOT=${CMAKE_BINARY_DIR};QUORIX_SOURCE_DIR=${CMAKE_SOURCE_DIR};QUORIX_TESTDATA=${CMAKE_SOURCE_DIR}/../shared/testdata")
   if(ENABLE_SANITIZERS)
     # Any report fails the test. Full stacks on malloc, so that the
-    # suppressions can name where in Qt a leak starts.
+    # suppressions can name where in Qt a leak starts. Reports also go to
+    # files, one per process: a host started by a test has no terminal.
+    set(reports "${CMAKE_BINARY_DIR}/sanitizer-reports")
     list(APPEND env
-      "ASAN_OPTIONS=fast_unwind_on_malloc=0:detect_leaks=1:abort_on_error=0"
-      "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
+      "ASAN_OPTIONS=fast_unwind_on_malloc=0:detect_leaks=1:abort_on_error=0:log_path=${reports}/asan"
+      "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1:log_path=${reports}/ubsan"
       "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/lsan.supp:print_suppressions=0")
   endif()
   set_tests_properties(${T_NAME} PROPERTIES TIMEOUT ${T_TIMEOUT} ENVIRONMENT "${env}")

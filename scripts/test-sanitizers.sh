@@ -11,5 +11,16 @@ cmake -S "$top" -B "$build" -G Ninja -DENABLE_SANITIZERS=ON -DBUILD_BENCHMARKS=O
   -DCMAKE_BUILD_TYPE=Debug "-DCMAKE_CXX_FLAGS_DEBUG=-O1 -g1" >/dev/null
 cmake --build "$build" -j "$jobs"
 export QT_QPA_PLATFORM=offscreen
+reports="$build/sanitizer-reports"
+rm -rf "$reports" && mkdir -p "$reports"
 cd "$build"
-ctest --output-on-failure -j "$(nproc)" --timeout 600 "$@"
+status=0
+ctest --output-on-failure -j "$(nproc)" --timeout 600 "$@" || status=$?
+# Every process writes its reports to a file of its own (the hosts that tests
+# start have no terminal); show them all.
+for report in "$reports"/*; do
+  [ -e "$report" ] || continue
+  echo "=== $report"
+  cat "$report"
+done
+exit "$status"
