@@ -338,18 +338,6 @@ private slots:
         navigation->setCurrentIndex(0);
     }
 
-    // The status row in the tray menu is brought up to date each time the
-    // menu is about to open.
-    void trayRowFollowsTheMenu()
-    {
-        auto* row = qobject_cast<QLabel*>(widgetNamed(QStringLiteral("SampleTrayStatusRow")));
-        QVERIFY(row);
-        QVERIFY(row->text().contains(QLatin1Char('0')));
-        for (int i = 0; i < 2; ++i)
-            manager()->broadcast(QStringLiteral("EPLUGIN_ID_ALL_PLUGIN_CMD_TRAY_POP_SHOW"), QVariant());
-        QVERIFY(row->text().contains(QLatin1Char('2')));
-    }
-
     // The frame comes and goes under a sample that stays: its widgets are
     // not left in the dying frame, and a new frame gets them again.
     void remountsWhenTheBaseReturns()
